@@ -1,0 +1,51 @@
+#include "access/ReadRows.h"
+
+#include "access/AccessManager.h"
+#include "robot/MyAnalogInputArray.h"
+#include "robot/MyBumper.h"
+#include "robot/MyControllerInfo.h"
+#include "robot/MyDigitalInputArray.h"
+#include "robot/MyDistanceSensorArray.h"
+#include "robot/MyOdometry.h"
+#include "support/Json.h"
+
+namespace kor::veltrano::daemons
+{
+
+namespace
+{
+
+QByteArray createUserRoleData(const QString& sid)
+{
+    return renderJson(QJsonObject{{QStringLiteral("role"), roleName(accessManager->role(sid))}});
+}
+
+} // namespace
+
+const std::vector<ReadRow>& readRows()
+{
+    // clang-format off
+    static const std::vector<ReadRow> rows = {
+        {"/data/controllerinfo", Access::Anyone, [](const Request&) { return controllerInfo->data(); }},
+        {"/data/analoginputarray", Access::Anyone, [](const Request&) { return createAnalogInputArrayData(); }},
+        {"/data/digitalinputarray", Access::Anyone, [](const Request&) { return createDigitalInputArrayData(); }},
+        {"/data/distancesensorarray", Access::Anyone, [](const Request&) { return createDistanceSensorArrayData(); }},
+        {"/data/bumper", Access::Anyone, [](const Request&) { return createBumperData(); }},
+        {"/data/odometry", Access::Anyone, [](const Request&) { return odometry->data(); }},
+        {"/data/userrole", Access::Anyone, [](const Request& request) { return createUserRoleData(request.sid()); }},
+    };
+    // clang-format on
+    return rows;
+}
+
+std::optional<QByteArray> answerRead(const Request& request)
+{
+    for (const ReadRow& row : readRows()) {
+        if (request.path == QLatin1String(row.path) && request.isGranted(row.access)) {
+            return row.answer(request);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace kor::veltrano::daemons

@@ -1,0 +1,40 @@
+#include "access/WriteRows.h"
+
+#include "access/AccessManager.h"
+#include "robot/MyDigitalOutputArray.h"
+#include "robot/MyRelayArray.h"
+
+namespace kor::veltrano::daemons
+{
+
+namespace
+{
+
+using Body = const QByteArray&;
+using Result = QByteArray&;
+
+} // namespace
+
+const std::vector<WriteRow>& writeRows()
+{
+    // clang-format off
+    static const std::vector<WriteRow> rows = {
+        {"/data/login", Access::Anyone, [](const Request& request, Body body, Result result) { return accessManager->setData(body, request.parameters, result); }},
+        {"/data/digitaloutputarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return digitalOutputArray->setData(body); }},
+        {"/data/relayarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return relayArray->setData(body); }},
+    };
+    // clang-format on
+    return rows;
+}
+
+std::optional<bool> applyWrite(const Request& request, const QByteArray& body, QByteArray& result)
+{
+    for (const WriteRow& row : writeRows()) {
+        if (request.path == QLatin1String(row.path) && request.isGranted(row.access)) {
+            return row.target(request, body, result);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace kor::veltrano::daemons
