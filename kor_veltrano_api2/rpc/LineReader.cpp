@@ -1,6 +1,7 @@
 #include "LineReader.h"
 
-namespace kor::veltrano::rpc {
+namespace kor::veltrano::rpc
+{
 
 void LineReader::append(const QByteArray& bytes)
 {

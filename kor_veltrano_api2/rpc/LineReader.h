@@ -8,7 +8,8 @@
 
 #include <optional>
 
-namespace kor::veltrano::rpc {
+namespace kor::veltrano::rpc
+{
 
 class LineReader
 {

@@ -2,9 +2,11 @@
 
 #include <QJsonDocument>
 
-namespace kor::veltrano::rpc {
+namespace kor::veltrano::rpc
+{
 
-namespace {
+namespace
+{
 
 QByteArray line(QJsonObject message)
 {

@@ -10,7 +10,8 @@
 
 #include <optional>
 
-namespace kor::veltrano::rpc {
+namespace kor::veltrano::rpc
+{
 
 // JSON-RPC's error code for a request whose method nobody knows.
 constexpr int methodNotFound = -32601;

@@ -1,7 +1,8 @@
 // Bumper: the contact strip around the robot.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class Bumper
 {

@@ -6,9 +6,18 @@
 
 #include "kor/veltrano/api2/ComId.h"
 
-namespace kor::veltrano::api2 {
+#include <memory>
+
+namespace kor::veltrano::api2
+{
 
 class CameraCapabilities;
+
+namespace detail
+{
+class Delivery;
+struct CameraSlot;
+} // namespace detail
 
 class Camera
 {
@@ -45,6 +54,12 @@ public:
     // or where the JPEG is empty or larger than the buffer. True where bytes were copied.
     bool getImage(unsigned char** data, unsigned int dataSize, unsigned int* first,
                   unsigned int* second, unsigned int* third);
+
+private:
+    friend class detail::Delivery;
+
+    // Guarded by the library's lock.
+    std::unique_ptr<detail::CameraSlot> slot;
 };
 
 } // namespace kor::veltrano::api2

@@ -4,7 +4,8 @@
 
 #include <atomic>
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class Charger
 {

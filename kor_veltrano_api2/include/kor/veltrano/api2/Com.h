@@ -11,7 +11,8 @@
 
 #include "kor/veltrano/api2/ComId.h"
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class Com
 {

@@ -4,13 +4,14 @@
 // Handles are equal when their numbers are.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class ComId
 {
 public:
     ComId() = default;
-    explicit ComId(int number) : handle(number) {}
+    explicit ComId(int number) : handle(number) { }
 
     static ComId null() { return ComId(); }
 

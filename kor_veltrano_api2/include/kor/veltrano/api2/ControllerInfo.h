@@ -1,7 +1,8 @@
 // ControllerInfo: the information record of the robot's controller.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class ControllerInfo
 {

@@ -1,7 +1,8 @@
 // DistanceSensorArray: the nine distance sensors around the robot, 40 degrees apart.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class DistanceSensorArray
 {

@@ -1,7 +1,8 @@
 // FestoolCharger: the information record of the battery pack's charger.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class FestoolCharger
 {

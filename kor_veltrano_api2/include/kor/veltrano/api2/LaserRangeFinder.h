@@ -6,7 +6,16 @@
 #include "kor/veltrano/api2/ComId.h"
 #include "kor/veltrano/api2/LaserRangeFinderReadings.h"
 
-namespace kor::veltrano::api2 {
+#include <memory>
+
+namespace kor::veltrano::api2
+{
+
+namespace detail
+{
+class Delivery;
+struct Binding;
+} // namespace detail
 
 class LaserRangeFinder
 {
@@ -27,6 +36,12 @@ public:
 
     // The last scan received; empty before the first.
     LaserRangeFinderReadings readings() const;
+
+private:
+    friend class detail::Delivery;
+
+    // Guarded by the library's lock.
+    std::unique_ptr<detail::Binding> binding;
 };
 
 } // namespace kor::veltrano::api2

@@ -3,7 +3,8 @@
 
 #include <vector>
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class LaserRangeFinderReadings
 {

@@ -1,7 +1,8 @@
 // OmniDrive: the omnidirectional drive.
 #pragma once
 
-namespace kor::veltrano::api2 {
+namespace kor::veltrano::api2
+{
 
 class OmniDrive
 {

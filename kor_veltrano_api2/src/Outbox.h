@@ -1,0 +1,34 @@
+// Outbox: the commands that wait for the socket's thread.
+//
+// It takes lines only while the connection is up: whether a command is sent is decided when it is
+// given. What was taken belongs to that connection alone and is forgotten when another opens. A
+// plain value inside the hub, which guards it with its lock.
+#pragma once
+
+#include <QByteArray>
+
+namespace kor::veltrano::api2::detail
+{
+
+class Outbox
+{
+public:
+    // More than this waits only if the server does not read: the connection must end.
+    static constexpr int maxBytes = 1024 * 1024;
+
+    bool isOpen() const { return open; }
+    // Empty and open for lines of a new connection.
+    void start();
+    // Takes no more lines; those that wait stay until the connection's last attempt to send.
+    void close() { open = false; }
+    // True where the line was taken. One that does not fit closes the outbox.
+    bool add(const QByteArray& line);
+    // The waiting lines, in the order of adding.
+    QByteArray take();
+
+private:
+    QByteArray lines;
+    bool open = false;
+};
+
+} // namespace kor::veltrano::api2::detail

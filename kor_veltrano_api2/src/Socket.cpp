@@ -1,0 +1,76 @@
+#include "Socket.h"
+
+#include <cerrno>
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <unistd.h>
+
+namespace kor::veltrano::api2::detail
+{
+
+namespace
+{
+
+// Commands are small: more than this waiting inside the kernel would only be late.
+constexpr int sendBufferBytes = 64 * 1024;
+
+bool isTransient(int error)
+{
+    return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
+}
+
+} // namespace
+
+Socket::Socket(const Endpoint& endpoint)
+    : fd(::socket(endpoint.address.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
+{
+    const int on = 1;
+    ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    ::setsockopt(fd, SOL_SOCKET, SO_SNDBUF, &sendBufferBytes, sizeof sendBufferBytes);
+    const auto* address = reinterpret_cast<const sockaddr*>(&endpoint.address);
+    if (::connect(fd, address, endpoint.size) != 0 && errno != EINPROGRESS && fd >= 0) {
+        ::close(fd);
+        fd = -1;
+    }
+}
+
+Socket::~Socket()
+{
+    if (fd >= 0) {
+        ::close(fd);
+    }
+}
+
+bool Socket::isConnected() const
+{
+    int error = 0;
+    socklen_t size = sizeof error;
+    return ::getsockopt(fd, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+}
+
+std::optional<QByteArray> Socket::read()
+{
+    QByteArray bytes(readBytes, Qt::Uninitialized);
+    const ssize_t count = ::recv(fd, bytes.data(), readBytes, 0);
+    if (count == 0 || (count < 0 && !isTransient(errno))) {
+        return std::nullopt;
+    }
+    bytes.truncate(count < 0 ? 0 : static_cast<int>(count));
+    return bytes;
+}
+
+bool Socket::write(QByteArray* bytes)
+{
+    while (!bytes->isEmpty()) {
+        const ssize_t count =
+            ::send(fd, bytes->constData(), static_cast<std::size_t>(bytes->size()), MSG_NOSIGNAL);
+        if (count < 0) {
+            return isTransient(errno);
+        }
+        bytes->remove(0, static_cast<int>(count));
+    }
+    return true;
+}
+
+} // namespace kor::veltrano::api2::detail
