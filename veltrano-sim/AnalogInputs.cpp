@@ -1,0 +1,80 @@
+#include "AnalogInputs.h"
+
+#include "JsonShape.h"
+
+#include <cmath>
+
+namespace kor::veltrano::sim
+{
+
+namespace
+{
+
+constexpr double measurementS = 0.2;
+constexpr double noiseV = 0.01;
+
+// A number from 0 to 1 that belongs to a seed and an index, the same on every machine.
+double scattered(quint64 seed, quint64 index)
+{
+    quint64 bits = seed + (index + 1) * Q_UINT64_C(0x9e3779b97f4a7c15);
+    bits = (bits ^ (bits >> 30)) * Q_UINT64_C(0xbf58476d1ce4e5b9);
+    bits = (bits ^ (bits >> 27)) * Q_UINT64_C(0x94d049bb133111eb);
+    bits ^= bits >> 31;
+    return static_cast<double>(bits >> 11) * 0x1p-53;
+}
+
+} // namespace
+
+AnalogInputs::AnalogInputs(quint64 number)
+    : Device({QStringLiteral("analogInputs")}, measurementS), seed(number)
+{
+    quint64 draw = 0;
+    for (int input = 0; input < count; ++input) {
+        const double meanV = 1 + 8 * scattered(seed, draw++);
+        const double amplitudeV = 0.2 + 0.6 * scattered(seed, draw++);
+        const double cycleS = 20 + 70 * scattered(seed, draw++);
+        waves.push_back({meanV, amplitudeV, cycleS, 2 * M_PI * scattered(seed, draw++)});
+    }
+}
+
+std::vector<double> AnalogInputs::values() const
+{
+    if (held) {
+        return *held;
+    }
+    const quint64 measurement = static_cast<quint64>(timeS / measurementS + 1e-6);
+    quint64 draw = 1000 + measurement * count;
+    std::vector<double> result;
+    for (const Wave& wave : waves) {
+        const double swing = std::sin(wave.phase + 2 * M_PI * timeS / wave.periodS);
+        const double noise = noiseV * (scattered(seed, draw++) - 0.5);
+        result.push_back(wave.meanV + wave.amplitudeV * swing + noise);
+    }
+    return result;
+}
+
+std::vector<Event> AnalogInputs::state() const
+{
+    return {{QStringLiteral("analogInputArray.valuesChanged"),
+             {{QStringLiteral("values"), toJson(values())}}}};
+}
+
+QJsonObject AnalogInputs::show() const
+{
+    return {{QStringLiteral("analogInputs"), toJson(values())}};
+}
+
+Change AnalogInputs::prepare(const QString& key, const QJsonValue& value)
+{
+    const std::optional<std::vector<double>> numbers = toNumbers(value, count);
+    if (!numbers) {
+        return Change::refused(
+            QStringLiteral("%1 must be an array of %2 numbers").arg(key).arg(count));
+    }
+    return Change::accepted([this, numbers] {
+        held = numbers;
+        announce();
+    });
+}
+
+} // namespace kor::veltrano::sim
