@@ -15,8 +15,8 @@ namespace kor::veltrano::daemons
 class ConfigFileParser
 {
 public:
-    // absolutePath is what entries name as their file; result is added to.
-    ConfigFileParser(QTextStream& text, const QString& absolutePath, ConfigFile& result);
+    // absolutePath is what entries name as their file; configFile is added to.
+    ConfigFileParser(QTextStream& textStream, const QString& absolutePath, ConfigFile& configFile);
 
     void parse();
 

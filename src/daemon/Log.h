@@ -43,8 +43,8 @@ public:
     };
 
     // Deletes the old log file and reports the start. The file name is relative to the current
-    // directory; isDaemon keeps the console silent.
-    Log(const QString& logFile, int verbosity, bool isDaemon);
+    // directory; isSilent keeps the console silent.
+    Log(const QString& fileName, int initialVerbosity, bool isSilent);
     // Reports the stop.
     ~Log() override;
     Log(const Log&) = delete;
