@@ -3,6 +3,14 @@
 namespace kor::veltrano::sim
 {
 
+QJsonObject Faults::show() const
+{
+    return {{QStringLiteral("delayMs"), delayMs},
+            {QStringLiteral("loseProbability"), loseProbability},
+            {QStringLiteral("isMuted"), isMuted},
+            {QStringLiteral("protocol"), protocol}};
+}
+
 bool Faults::losesEvent()
 {
     if (loseProbability <= 0) {

@@ -4,7 +4,7 @@
 // only.
 #pragma once
 
-#include <QtGlobal>
+#include <QJsonObject>
 
 #include <random>
 
@@ -25,6 +25,8 @@ public:
     // The protocol that hello is answered with.
     int protocol = 1;
 
+    // What the control door shows of them.
+    QJsonObject show() const;
     // Draws whether the next event is lost.
     bool losesEvent();
 

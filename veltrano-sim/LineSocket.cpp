@@ -36,9 +36,9 @@ void LineSocket::close()
     }
 }
 
-void LineSocket::closeWhenSent()
+void LineSocket::flush()
 {
-    socket->disconnectFromHost();
+    socket->flush();
 }
 
 qint64 LineSocket::unsentBytes() const

@@ -31,8 +31,8 @@ public:
     void write(const QByteArray& bytes);
     // Ends the connection at once. closed() comes before this returns.
     void close();
-    // Ends the connection when everything has been sent.
-    void closeWhenSent();
+    // Hands what has been written to the system without waiting for the event loop.
+    void flush();
 
     bool isOpen() const { return open; }
     qint64 unsentBytes() const;

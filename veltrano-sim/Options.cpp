@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "ControlHelp.h"
+
 #include <QCommandLineParser>
 
 namespace kor::veltrano::sim
@@ -54,7 +56,7 @@ Options::Outcome Options::parse(const QStringList& arguments)
         return error(parser.errorText());
     }
     if (parser.isSet(helpName)) {
-        return {std::nullopt, parser.helpText(), false};
+        return {std::nullopt, parser.helpText() + controlHelp(), false};
     }
     if (!parser.positionalArguments().isEmpty()) {
         return error(QStringLiteral("Unexpected argument '%1'")

@@ -33,10 +33,8 @@ RpcServer::RpcServer(Simulation& robot, CommandLog& commands, quint64 seed, QObj
 
 RpcServer::~RpcServer()
 {
-    // A session that is closed by its own destructor must not come back here.
-    for (RpcSession* const session : connections) {
-        session->disconnect(this);
-    }
+    // They use the faults, which are gone when the base class would delete them.
+    qDeleteAll(sessionsNow());
 }
 
 QString RpcServer::listen(const HostPort& where)
@@ -74,8 +72,7 @@ void RpcServer::drop(int forMs)
         server.close();
         absence.start(forMs);
     }
-    const std::vector<RpcSession*> dropped = connections;
-    for (RpcSession* const session : dropped) {
+    for (RpcSession* const session : sessionsNow()) {
         session->close();
     }
 }

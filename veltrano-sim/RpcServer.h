@@ -42,7 +42,10 @@ public:
 
     // The connections, whether up or not, in order of arrival.
     const std::vector<RpcSession*>& sessions() const { return connections; }
+    // The same as a list of its own, for sending: a send that fails ends its session.
+    std::vector<RpcSession*> sessionsNow() const { return connections; }
     Faults& faults() { return badness; }
+    const Faults& faults() const { return badness; }
     // Ends all connections and refuses new ones for forMs.
     void drop(int forMs);
 

@@ -17,12 +17,12 @@ constexpr int mostAnswers = 100;
 // Longer answers are not worth keeping: they would be the client's own text.
 constexpr int longestAnswerBytes = 64 * 1024;
 
-QStringList subscribable()
+} // namespace
+
+QStringList RpcSession::subscribable()
 {
     return {QStringLiteral("camera"), QStringLiteral("laserRangeFinder")};
 }
-
-} // namespace
 
 RpcSession::RpcSession(QTcpSocket* socket, int number, Faults& shared, QObject* parent)
     : QObject(parent), clientNumber(number), faults(shared), line(socket)
@@ -45,10 +45,14 @@ RpcSession::RpcSession(QTcpSocket* socket, int number, Faults& shared, QObject* 
 
 void RpcSession::send(const QByteArray& bytes)
 {
-    if (faults.isMuted || !line.isOpen()) {
+    if (!line.isOpen()) {
         return;
     }
-    outgoing.push(faults.delayMs, bytes.size(), [this, bytes] { line.write(bytes); });
+    outgoing.push(faults.delayMs, bytes.size(), [this, bytes] {
+        if (!faults.isMuted) {
+            line.write(bytes);
+        }
+    });
     limitMemory();
 }
 

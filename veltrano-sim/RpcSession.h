@@ -32,6 +32,9 @@ public:
     static constexpr int protocol = 1;
     static constexpr int silenceMs = 5000;
 
+    // The devices whose data goes only to clients that have subscribed.
+    static QStringList subscribable();
+
     // Takes the connected socket over. The faults must outlive the session.
     RpcSession(QTcpSocket* socket, int number, Faults& faults, QObject* parent = nullptr);
 

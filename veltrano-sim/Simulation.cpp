@@ -69,7 +69,7 @@ bool Simulation::command(const QString& method, const QJsonObject& params)
 
 QJsonObject Simulation::show() const
 {
-    QJsonObject shown{{QStringLiteral("timeS"), passedS}};
+    QJsonObject shown{{QStringLiteral("world"), world.name()}, {QStringLiteral("timeS"), passedS}};
     QJsonArray held;
     for (const auto& device : all) {
         const QJsonObject members = device->show();

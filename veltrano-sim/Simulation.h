@@ -31,7 +31,7 @@ public:
     // Carries a client's command out. False where it is unknown or does not fit.
     bool command(const QString& method, const QJsonObject& params);
 
-    // Everything that the devices show, their time and the keys that are held.
+    // The world's name, the time, everything that the devices show and the keys that are held.
     QJsonObject show() const;
     // Sets any subset of the keys, all or nothing. Gives the reason of a refusal, else nothing.
     QString set(const QJsonObject& values);

@@ -26,6 +26,15 @@ SimulationClock::SimulationClock(Simulation& stepped, RpcServer& told, QObject* 
 
 void SimulationClock::tick()
 {
+    catchUp();
+    const int wantedMs = server.sessions().empty() ? idleMs : stepMs;
+    if (timer.interval() != wantedMs) {
+        timer.setInterval(wantedMs);
+    }
+}
+
+void SimulationClock::catchUp()
+{
     const qint64 nowMs = realTime.elapsed();
     if (nowMs - doneMs > mostMissedMs) {
         doneMs = nowMs - stepMs;
@@ -33,10 +42,6 @@ void SimulationClock::tick()
     for (; doneMs + stepMs <= nowMs; doneMs += stepMs) {
         simulation.step(Simulation::stepS);
         server.publish();
-    }
-    const int wantedMs = server.sessions().empty() ? idleMs : stepMs;
-    if (timer.interval() != wantedMs) {
-        timer.setInterval(wantedMs);
     }
 }
 

@@ -22,6 +22,9 @@ public:
     // Starts at once. The simulation and the server must outlive the clock.
     SimulationClock(Simulation& simulation, RpcServer& server, QObject* parent = nullptr);
 
+    // Steps up to the present, for whoever wants to look at the robot just now.
+    void catchUp();
+
 private:
     void tick();
 

@@ -1,10 +1,15 @@
 // veltrano-sim: the RPC server of a simulated robot.
 
+#include "ClientMethods.h"
 #include "CommandLog.h"
+#include "CommandMethods.h"
+#include "ControlDoor.h"
+#include "ControlMethods.h"
 #include "Options.h"
 #include "RpcServer.h"
 #include "Simulation.h"
 #include "SimulationClock.h"
+#include "StateMethods.h"
 #include "StopSignals.h"
 #include "WorldFile.h"
 
@@ -46,15 +51,32 @@ int run(const QCoreApplication& application, const Options& options)
     Simulation simulation(*outcome.world, options.seed);
     CommandLog log;
     RpcServer server(simulation, log, options.seed);
+    SimulationClock clock(simulation, server);
+
+    ControlMethods methods;
+    addStateMethods(methods, simulation, server);
+    addCommandMethods(methods, log);
+    addClientMethods(methods, server);
+    ControlDoor door(methods);
+
+    const StopSignals signals;
+    const auto quit = &QCoreApplication::quit;
+    QObject::connect(&signals, &StopSignals::stopRequested, &application, quit);
+    QObject::connect(&door, &ControlDoor::quitRequested, &application, quit);
+    QObject::connect(&door, &ControlDoor::requested, &clock, &SimulationClock::catchUp);
+
     const QString refusal = server.listen(options.listen);
     if (!refusal.isEmpty()) {
         return fail(cannotListen(options.listen, refusal));
     }
+    const QString doorRefusal = options.control ? door.listen(*options.control) : QString();
+    if (!doorRefusal.isEmpty()) {
+        return fail(cannotListen(*options.control, doorRefusal));
+    }
     say(QStringLiteral("veltrano-sim: listening on %1").arg(server.address().text()));
-
-    const StopSignals signals;
-    QObject::connect(&signals, &StopSignals::stopRequested, &application, &QCoreApplication::quit);
-    const SimulationClock clock(simulation, server);
+    if (options.control) {
+        say(QStringLiteral("veltrano-sim: control door on %1").arg(door.address().text()));
+    }
     return QCoreApplication::exec();
 }
 

@@ -16,9 +16,9 @@ namespace kor::veltrano::sim
 namespace
 {
 
-double rounded(double value, double unit)
+double toHundredths(double value)
 {
-    return std::round(value / unit) * unit;
+    return std::round(value * 100) / 100;
 }
 
 QByteArray text(const QJsonObject& record)
@@ -38,7 +38,7 @@ QByteArray controllerRecord()
     };
     QJsonArray load;
     for (const unsigned long average : machine.loads) {
-        load.append(rounded(std::ldexp(static_cast<double>(average), -SI_LOAD_SHIFT), 0.01));
+        load.append(toHundredths(std::ldexp(static_cast<double>(average), -SI_LOAD_SHIFT)));
     }
     return text({{QStringLiteral("hostname"), QSysInfo::machineHostName()},
                  {QStringLiteral("uptime"), static_cast<double>(machine.uptime)},
@@ -52,8 +52,8 @@ QByteArray batteryPackRecord(const Battery& battery)
     const bool isCharging = battery.chargingA() > 0;
     return text({{QStringLiteral("state"),
                   isCharging ? QStringLiteral("charging") : QStringLiteral("discharging")},
-                 {QStringLiteral("voltage"), rounded(battery.voltageV() * 0.75, 0.01)},
-                 {QStringLiteral("current"), rounded(battery.chargingA() - battery.loadA(), 0.01)},
+                 {QStringLiteral("voltage"), toHundredths(battery.voltageV() * 0.75)},
+                 {QStringLiteral("current"), toHundredths(battery.chargingA() - battery.loadA())},
                  {QStringLiteral("temperature"), 25.5},
                  {QStringLiteral("charge"), std::round(battery.charge() * 100)}});
 }
