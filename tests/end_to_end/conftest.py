@@ -8,7 +8,10 @@ from typing import Any, Callable, Iterator
 import pytest
 
 from support.daemon import Daemon, Options
+from support.fake_robot import FakeRobot
 from support.ports import RefusingPort
+from support.robot import Robot
+from support.simulator import Simulator
 
 StartDaemon = Callable[..., Daemon]
 
@@ -19,6 +22,26 @@ def no_robot() -> Iterator[str]:
     port = RefusingPort()
     yield port.address
     port.close()
+
+
+@pytest.fixture
+def fake_robot() -> Iterator[FakeRobot]:
+    robot = FakeRobot()
+    yield robot
+    robot.stop()
+
+
+@pytest.fixture
+def simulator(tmp_path: Path) -> Iterator[Simulator]:
+    robot = Simulator(tmp_path)
+    yield robot
+    robot.close()
+
+
+@pytest.fixture(params=["simulator", "fake_robot"])
+def robot(request: pytest.FixtureRequest) -> Robot:
+    """A robot to talk to; every test that takes it runs with each kind."""
+    return request.getfixturevalue(request.param)
 
 
 @pytest.fixture
@@ -48,6 +71,18 @@ def start_daemon(new_daemon: StartDaemon) -> StartDaemon:
     def start(**options: Any) -> Daemon:
         daemon = new_daemon(**options)
         daemon.start()
+        return daemon
+
+    return start
+
+
+@pytest.fixture
+def start_connected(start_daemon: StartDaemon) -> StartDaemon:
+    """Starts daemons and waits until they are connected to the robot that is given."""
+
+    def start(robot: Robot, **options: Any) -> Daemon:
+        daemon = start_daemon(robot=robot.address, **options)
+        daemon.wait_for_message("Connected")
         return daemon
 
     return start

@@ -148,6 +148,13 @@ class Daemon:
     def put(self, target: str | bytes, body: bytes) -> Reply:
         return self.request("PUT", target, body)
 
+    def wait_for_reply(self, target: str, body: bytes) -> None:
+        """Waits until a GET gives exactly this body; shows both when it never does."""
+        try:
+            wait_for(f"{target} to answer {body!r}", lambda: self.get(target).body == body)
+        except AssertionError as error:
+            raise AssertionError(f"{error}: {self.get(target).body!r}") from None
+
     # Output
 
     def stdout(self) -> bytes:
