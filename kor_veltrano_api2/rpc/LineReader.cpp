@@ -9,7 +9,12 @@ void LineReader::append(const QByteArray& bytes)
         return;
     }
     // Dropping the taken lines only here keeps taking many short lines linear.
-    buffer.remove(0, taken);
+    if (taken == buffer.size()) {
+        // Also gives back the memory of a long line.
+        buffer.clear();
+    } else {
+        buffer.remove(0, taken);
+    }
     scanned -= taken;
     taken = 0;
     buffer += bytes;

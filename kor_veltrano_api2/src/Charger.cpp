@@ -45,55 +45,55 @@ void Charger::chargerErrorChanged(unsigned int, const char*) { }
 
 void Charger::chargerVersionChanged(int, int, int) { }
 
-void Charger::setChargerNumber(int newNumber)
+void Charger::setChargerNumber(int number)
 {
-    number = newNumber;
+    ownNumber = number;
 }
 
 int Charger::chargerNumber() const
 {
-    return number;
+    return ownNumber;
 }
 
 unsigned int Charger::time() const
 {
-    return last(number, &detail::ChargerInfo::time);
+    return last(ownNumber, &detail::ChargerInfo::time);
 }
 
 float Charger::batteryVoltage() const
 {
-    return last(number, &detail::ChargerInfo::batteryVoltage);
+    return last(ownNumber, &detail::ChargerInfo::batteryVoltage);
 }
 
 float Charger::chargingCurrent() const
 {
-    return last(number, &detail::ChargerInfo::chargingCurrent);
+    return last(ownNumber, &detail::ChargerInfo::chargingCurrent);
 }
 
 float Charger::bat1temp() const
 {
-    return last(number, &detail::ChargerInfo::bat1temp);
+    return last(ownNumber, &detail::ChargerInfo::bat1temp);
 }
 
 float Charger::bat2temp() const
 {
-    return last(number, &detail::ChargerInfo::bat2temp);
+    return last(ownNumber, &detail::ChargerInfo::bat2temp);
 }
 
 int Charger::state_number() const
 {
-    return last(number, &detail::ChargerInfo::stateNumber);
+    return last(ownNumber, &detail::ChargerInfo::stateNumber);
 }
 
 const char* Charger::state() const
 {
-    return detail::keptForThread<Charger>(last(number, &detail::ChargerInfo::state));
+    return detail::keptForThread<Charger>(last(ownNumber, &detail::ChargerInfo::state));
 }
 
 void Charger::version(int* major, int* minor, int* patch) const
 {
     detail::ChargerVersion version;
-    if (const int own = number; exists(own)) {
+    if (const int own = ownNumber; exists(own)) {
         version = detail::library().hub.read([own](const detail::DeviceState& state) {
             return state.chargerVersions.at(static_cast<std::size_t>(own));
         });

@@ -24,7 +24,7 @@ void Delivery::run(Library& library)
     }
     const std::uint64_t last = library.hub.lastArrival();
     while (const auto queued = library.hub.takeEvent(last)) {
-        std::visit(Delivery(library, round, queued->arrival), queued->event);
+        std::visit(Delivery(library, round, *queued), queued->event);
     }
 }
 
@@ -39,10 +39,10 @@ void Delivery::toCharger(int number, const Call& call) const
 }
 
 template<class Call>
-void Delivery::toCom(int handle, const Call& call) const
+void Delivery::toCom(const Call& call) const
 {
-    round.forEach<Com>([handle, &call](Com& com) {
-        if (com.id().number() == handle) {
+    round.forEach<Com>([this, &call](Com& com) {
+        if (com.id().number() == queued.com) {
             call(com);
         }
     });
@@ -138,7 +138,7 @@ void Delivery::operator()(const FestoolRecord& event) const
 void Delivery::operator()(const CameraImage& event) const
 {
     round.forEach<Camera>([this, &event](Camera& camera) {
-        if (library.hub.isMeantFor(camera.slot.get(), arrival)) {
+        if (library.hub.isMeantFor(camera.slot.get(), queued)) {
             const auto* bytes = reinterpret_cast<const unsigned char*>(event.bytes.constData());
             camera.imageReceivedEvent(bytes, static_cast<unsigned int>(event.bytes.size()),
                                       event.width, event.height, event.step);
@@ -149,20 +149,20 @@ void Delivery::operator()(const CameraImage& event) const
 void Delivery::operator()(const Scan& event) const
 {
     round.forEach<LaserRangeFinder>([this, &event](LaserRangeFinder& scanner) {
-        if (library.hub.isMeantFor(scanner.binding.get(), arrival)) {
+        if (library.hub.isMeantFor(scanner.binding.get(), queued)) {
             scanner.scanEvent(*event.readings);
         }
     });
 }
 
-void Delivery::operator()(const Connected& event) const
+void Delivery::operator()(const Connected&) const
 {
-    toCom(event.com, [](Com& com) { com.connectedEvent(); });
+    toCom([](Com& com) { com.connectedEvent(); });
 }
 
-void Delivery::operator()(const Disconnected& event) const
+void Delivery::operator()(const Disconnected&) const
 {
-    toCom(event.com, [](Com& com) { com.disconnectedEvent(); });
+    toCom([](Com& com) { com.disconnectedEvent(); });
 }
 
 } // namespace kor::veltrano::api2::detail

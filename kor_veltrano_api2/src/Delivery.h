@@ -6,8 +6,6 @@
 #include "Events.h"
 #include "Library.h"
 
-#include <cstdint>
-
 namespace kor::veltrano::api2::detail
 {
 
@@ -37,19 +35,19 @@ public:
     void operator()(const Disconnected& event) const;
 
 private:
-    Delivery(Library& parts, Roster::Round& ownRound, std::uint64_t arrivalNumber)
-        : library(parts), round(ownRound), arrival(arrivalNumber)
+    Delivery(Library& parts, Roster::Round& ownRound, const QueuedEvent& queuedEvent)
+        : library(parts), round(ownRound), queued(queuedEvent)
     {
     }
 
     template<class Call>
     void toCharger(int number, const Call& call) const;
     template<class Call>
-    void toCom(int handle, const Call& call) const;
+    void toCom(const Call& call) const;
 
     Library& library;
     Roster::Round& round;
-    std::uint64_t arrival;
+    const QueuedEvent& queued;
 };
 
 } // namespace kor::veltrano::api2::detail

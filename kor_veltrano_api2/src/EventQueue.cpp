@@ -39,16 +39,16 @@ bool isSameState(const Event& a, const Event& b)
 
 } // namespace
 
-void EventQueue::push(std::uint64_t arrival, Event event)
+void EventQueue::push(QueuedEvent event)
 {
     const auto older =
         std::find_if(queue.begin(), queue.end(), [&event](const QueuedEvent& queued) {
-            return isSameState(queued.event, event);
+            return isSameState(queued.event, event.event);
         });
     if (older != queue.end()) {
         queue.erase(older);
     }
-    queue.push_back({arrival, std::move(event)});
+    queue.push_back(std::move(event));
     boundConnectionEvents();
 }
 

@@ -15,9 +15,11 @@
 namespace kor::veltrano::api2::detail
 {
 
-// An event and its place in the order of arrival, which grows from event to event.
+// An event, its place in the order of arrival, which grows from event to event, and the handle of
+// the Com whose connection brought it.
 struct QueuedEvent {
     std::uint64_t arrival = 0;
+    int com = 0;
     Event event;
 };
 
@@ -26,8 +28,8 @@ class EventQueue
 public:
     static constexpr std::size_t maxConnectionEvents = 32;
 
-    // arrival must be greater than that of all events before.
-    void push(std::uint64_t arrival, Event event);
+    // The event's arrival must be greater than that of all events before.
+    void push(QueuedEvent event);
     // The oldest event that arrived no later than lastArrival.
     std::optional<QueuedEvent> takeNext(std::uint64_t lastArrival);
     std::size_t size() const { return queue.size(); }

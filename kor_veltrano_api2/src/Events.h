@@ -105,13 +105,11 @@ struct Scan {
     std::shared_ptr<const LaserRangeFinderReadings> readings;
 };
 
-// The connection of the Com with this handle has come up, or has ended.
+// The connection has come up, or has ended.
 struct Connected {
-    int com = 0;
 };
 
 struct Disconnected {
-    int com = 0;
 };
 
 using Event =

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include <netdb.h>
@@ -49,14 +50,19 @@ HostLookup::HostLookup(const Address& address, const Wakeup& wakeup)
         shared->result = std::move(numeric);
         return;
     }
-    std::thread([address, target = shared, &wakeup] {
-        std::vector<Endpoint> found = resolve(address, 0);
-        {
-            const std::lock_guard lock(target->mutex);
-            target->result = std::move(found);
-        }
-        wakeup.notify();
-    }).detach();
+    try {
+        std::thread([address, target = shared, &wakeup] {
+            std::vector<Endpoint> found = resolve(address, 0);
+            {
+                const std::lock_guard lock(target->mutex);
+                target->result = std::move(found);
+            }
+            wakeup.notify();
+        }).detach();
+    } catch (const std::system_error&) {
+        // No thread is to be had at present, which is a failed attempt like any other.
+        shared->result.emplace();
+    }
 }
 
 std::optional<std::vector<Endpoint>> HostLookup::result() const

@@ -79,10 +79,10 @@ void Hub::removeScanner(Binding* slot)
     updateSubscriptions();
 }
 
-bool Hub::isMeantFor(const Binding* slot, std::uint64_t arrival) const
+bool Hub::isMeantFor(const Binding* slot, const QueuedEvent& event) const
 {
     const std::lock_guard lock(mutex);
-    return slot->com != 0 && arrival > slot->boundAfter;
+    return slot->com == event.com && event.arrival > slot->boundAfter;
 }
 
 std::uint64_t Hub::lastArrival() const
@@ -115,7 +115,7 @@ bool Hub::connectionUp(std::uint64_t request, int com)
     upRequest = request;
     upCom = com;
     outbox.start();
-    enqueue(Connected{com});
+    enqueue(Connected());
     updateSubscriptions();
     return true;
 }
@@ -166,7 +166,7 @@ void Hub::end()
         return;
     }
     outbox.close();
-    enqueue(Disconnected{upCom});
+    enqueue(Disconnected());
     upCom = 0;
     upRequest = 0;
     updateSubscriptions();
@@ -174,7 +174,7 @@ void Hub::end()
 
 void Hub::enqueue(Event event)
 {
-    events.push(++arrivals, std::move(event));
+    events.push({++arrivals, upCom, std::move(event)});
 }
 
 // The server forgets with the connection what it was told, and so does update() without one.

@@ -53,8 +53,8 @@ public:
         const std::lock_guard lock(mutex);
         return copy(*slot);
     }
-    // True where an event of this arrival number is meant for the object.
-    bool isMeantFor(const Binding* slot, std::uint64_t arrival) const;
+    // True where the object was bound to the event's connection when it arrived, and still is.
+    bool isMeantFor(const Binding* slot, const QueuedEvent& event) const;
 
     // The number of the last arrival, a limit for takeEvent().
     std::uint64_t lastArrival() const;

@@ -40,8 +40,12 @@ Session::Session(Socket& connectedSocket, Link& jobs, Hub& receiver, const Wakeu
 void Session::run()
 {
     while (link.isCurrent(job.request) && send() && step()) { }
-    // Commands given while the connection was up are not lost to an orderly end of it.
-    send();
+    if (link.isCurrent(job.request)) {
+        socket.discardUnsent();
+    } else {
+        // The end is wanted: the commands given before it still go out.
+        send();
+    }
     hub.connectionEnded(job.request);
 }
 
@@ -50,6 +54,8 @@ bool Session::step()
     const short wanted = unsent.isEmpty() ? POLLIN : POLLIN | POLLOUT;
     const short ready = wakeup.wait(socket.descriptor(), wanted, nextDeadline());
     const bool hasInput = (ready & ~POLLOUT) != 0;
+    // Before the input, so that commands keep their place ahead of the answers to it.
+    collectCommands();
     return (!hasInput || receive()) && keepsTime() && (!isUp || hub.isUp(job.request));
 }
 
@@ -104,15 +110,22 @@ bool Session::handleAnswer(const rpc::Message& answer)
     }
     isUp = true;
     nextPing = Clock::now() + pingInterval;
+    // The subscriptions in force go out before the answer to anything behind this message.
+    collectCommands();
     link.attemptDecided(job.request);
     return true;
 }
 
-bool Session::send()
+void Session::collectCommands()
 {
     if (isUp) {
         unsent += hub.takeCommands();
     }
+}
+
+bool Session::send()
+{
+    collectCommands();
     return socket.write(&unsent) && unsent.size() <= maxUnsentBytes;
 }
 

@@ -35,6 +35,7 @@ private:
     bool handleLine(const QByteArray& line);
     bool handleAnswer(const rpc::Message& answer);
     bool send();
+    void collectCommands();
     // Also sends a ping that is due.
     bool keepsTime();
 

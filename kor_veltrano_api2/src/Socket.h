@@ -30,6 +30,9 @@ public:
     // Sends what can be sent now of the bytes and removes it from them. False where the connection
     // has ended.
     bool write(QByteArray* bytes);
+    // What the other side has not taken yet will not reach it after this object's end. Without this
+    // the system goes on sending for minutes, and a command could arrive after the cable is back.
+    void discardUnsent();
 
 private:
     static constexpr int readBytes = 64 * 1024;

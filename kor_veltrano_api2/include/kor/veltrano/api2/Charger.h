@@ -45,7 +45,7 @@ public:
     void version(int* major, int* minor, int* patch) const;
 
 private:
-    std::atomic<int> number = 0;
+    std::atomic<int> ownNumber = 0;
 };
 
 } // namespace kor::veltrano::api2

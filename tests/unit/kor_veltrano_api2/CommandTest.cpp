@@ -1,0 +1,150 @@
+#include "RecordingCom.h"
+
+#include "kor/veltrano/api2/DigitalOutputArray.h"
+#include "kor/veltrano/api2/OmniDrive.h"
+#include "kor/veltrano/api2/RelayArray.h"
+
+#include <QJsonArray>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+using namespace kor::veltrano::api2;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+class CommandTest : public ConnectedTest
+{
+protected:
+    static QJsonObject paramsOf(const QJsonObject& command) { return command["params"].toObject(); }
+
+    OmniDrive drive;
+};
+
+TEST_F(CommandTest, VelocityTravelsAsTheSameFloats)
+{
+    ScriptedPeer peer = connect();
+    drive.setVelocity(0.1F, -1.0F / 3, std::numeric_limits<float>::denorm_min());
+    const QJsonObject command = peer.readCommand();
+    EXPECT_EQ(command["method"], "omniDrive.setVelocity");
+    EXPECT_FALSE(command.contains("id"));
+    const QJsonObject params = paramsOf(command);
+    EXPECT_EQ(params.keys(), (QStringList{"omega", "vx", "vy"}));
+    EXPECT_EQ(static_cast<float>(params["vx"].toDouble()), 0.1F);
+    EXPECT_EQ(static_cast<float>(params["vy"].toDouble()), -1.0F / 3);
+    EXPECT_EQ(static_cast<float>(params["omega"].toDouble()),
+              std::numeric_limits<float>::denorm_min());
+}
+
+TEST_F(CommandTest, OutputsAndRelaysTravelAsZerosAndOnes)
+{
+    ScriptedPeer peer = connect();
+    const std::array<int, 8> outputs{1, 0, -1, 0, 2, 0, 1, 0};
+    DigitalOutputArray().setValues(outputs.data(), 8);
+    RelayArray().setValues(outputs.data(), 2);
+    const QJsonObject first = peer.readCommand();
+    EXPECT_EQ(first["method"], "digitalOutputArray.setValues");
+    EXPECT_EQ(paramsOf(first), (QJsonObject{{"values", QJsonArray{1, 0, 1, 0, 1, 0, 1, 0}}}));
+    const QJsonObject second = peer.readCommand();
+    EXPECT_EQ(second["method"], "relayArray.setValues");
+    EXPECT_EQ(paramsOf(second), (QJsonObject{{"values", QJsonArray{1, 0}}}));
+}
+
+TEST_F(CommandTest, VelocitiesThatAreNoNumbersAreDropped)
+{
+    ScriptedPeer peer = connect();
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    drive.setVelocity(std::nanf(""), 0, 0);
+    drive.setVelocity(0, infinity, 0);
+    drive.setVelocity(0, 0, -infinity);
+    EXPECT_EQ(peer.sync(), QStringList());
+}
+
+TEST_F(CommandTest, OrderOfOneThreadIsKept)
+{
+    ScriptedPeer peer = connect();
+    constexpr int count = 2'000;
+    for (int i = 0; i < count; ++i) {
+        drive.setVelocity(static_cast<float>(i), 0, 0);
+    }
+    for (int i = 0; i < count; ++i) {
+        ASSERT_EQ(paramsOf(peer.readCommand())["vx"], i);
+    }
+}
+
+TEST_F(CommandTest, CommandsBeforeTheConnectionAreDropped)
+{
+    drive.setVelocity(1, 0, 0);
+    com.connectToServer(false);
+    ScriptedPeer peer = server.accept();
+    drive.setVelocity(2, 0, 0);
+    const QJsonObject hello = peer.readMessage();
+    drive.setVelocity(3, 0, 0);
+    EXPECT_EQ(peer.sync(), QStringList());
+    peer.answer(hello, {{"protocol", 1}, {"robot", "r"}});
+    EXPECT_EQ(peer.sync(), QStringList());
+    drive.setVelocity(4, 0, 0);
+    EXPECT_EQ(paramsOf(peer.readCommand())["vx"], 4);
+}
+
+TEST_F(CommandTest, CommandsWhileTheConnectionIsLostAreNotSentOnTheNext)
+{
+    com.setAutoReconnectEnabled(true);
+    connect().close();
+    ASSERT_TRUE(com.processUntil([this] { return com.events.size() == 2; }));
+    drive.setVelocity(1, 0, 0);
+    ScriptedPeer peer = server.accept();
+    drive.setVelocity(2, 0, 0);
+    peer.greet();
+    EXPECT_EQ(peer.sync(), QStringList());
+}
+
+TEST_F(CommandTest, NoCommandOfALostConnectionReachesTheNextHoweverTheyInterleave)
+{
+    com.setAutoReconnectEnabled(true);
+    ScriptedPeer first = connect();
+    std::atomic<bool> isOver = false;
+    std::atomic<int> generation = 1;
+    std::thread driver([this, &isOver, &generation] {
+        while (!isOver) {
+            drive.setVelocity(static_cast<float>(generation), 0, 0);
+            std::this_thread::yield();
+        }
+    });
+    first.readCommand();
+    first.close();
+    ScriptedPeer second = server.accept();
+    generation = 2;
+    // From here on the driver has been seen to give commands of the new generation only.
+    second.greet();
+    const QJsonObject command = second.readCommand();
+    isOver = true;
+    driver.join();
+    EXPECT_EQ(paramsOf(command)["vx"], 2);
+}
+
+TEST_F(CommandTest, ACommandReachesTheWireAtOnce)
+{
+    ScriptedPeer peer = connect();
+    auto fastest = std::chrono::steady_clock::duration::max();
+    for (int i = 0; i < 20; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        drive.setVelocity(1, 0, 0);
+        peer.readCommand();
+        fastest = std::min(fastest, std::chrono::steady_clock::now() - start);
+    }
+    EXPECT_LT(fastest, 20ms);
+}
+
+TEST_F(CommandTest, CommandsGivenJustBeforeShutdownStillGoOut)
+{
+    ScriptedPeer peer = connect();
+    drive.setVelocity(0, 0, 0);
+    shutdown();
+    EXPECT_EQ(peer.readCommand()["method"], "omniDrive.setVelocity");
+}
+
+} // namespace
