@@ -12,7 +12,7 @@ DIGITAL = "/data/digitaloutputarray"
 RELAYS = "/data/relayarray"
 COMMANDS = {DIGITAL: "digitalOutputArray.setValues", RELAYS: "relayArray.setValues"}
 # A command that tells the end of a test's commands from all that stands before it.
-LAST = {DIGITAL: [0, 1, 0, 1, 0, 1, 0, 1], RELAYS: [0, 1]}
+LAST = {DIGITAL: [0, 1, 0, 1, 0, 1, 0, 1], RELAYS: [1, 0]}
 WRONG_LENGTH = {
     DIGITAL: "Error: MyRelayArray::setData - Expected array with 8 entries",
     RELAYS: "Error: MyRelayArray::setData - Expected array with two entries",
