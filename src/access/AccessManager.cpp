@@ -8,13 +8,11 @@
 #include <QJsonDocument>
 #include <QMutexLocker>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 AccessManager* accessManager = nullptr;
 
-namespace
-{
+namespace {
 
 QString operatorPassword()
 {

@@ -17,8 +17,7 @@
 #include <QObject>
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class AccessManager : public QObject
 {

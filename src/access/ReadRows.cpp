@@ -9,11 +9,9 @@
 #include "robot/MyOdometry.h"
 #include "support/Json.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 QByteArray createUserRoleData(const QString& sid)
 {

@@ -2,8 +2,7 @@
 
 #include "access/AccessManager.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 bool Request::isGranted(Access access) const
 {

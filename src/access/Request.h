@@ -6,8 +6,7 @@
 #include <QMap>
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 struct Request {
     // Percent-encoding untouched, as are the keys and values of the parameters.

@@ -1,7 +1,6 @@
 #include "access/Role.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 QString roleName(int role)
 {

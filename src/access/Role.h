@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // Their order carries meaning: a higher number may do more. Plain integers, as sessions store them.
 enum Role : int { guest = 0, operatorRole = 1, admin = 2 };

@@ -4,11 +4,9 @@
 #include "robot/MyDigitalOutputArray.h"
 #include "robot/MyRelayArray.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 using Body = const QByteArray&;
 using Result = QByteArray&;

@@ -12,8 +12,7 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 struct WriteRow {
     // Compared with the whole path and with case.

@@ -4,8 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 struct ConfigEntry {
     // How the browser shows it: 0 plain input, 1 choice of params, 2 choice of files, where params

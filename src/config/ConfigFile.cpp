@@ -6,8 +6,7 @@
 #include <QFileInfo>
 #include <QTextStream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 bool parseConfigFile(ConfigFile& result, const QString& path)
 {

@@ -15,8 +15,7 @@
 #include <QMap>
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 struct ConfigFile {
     // Every key, under "Group/key"; a key before the first section stands under "/key".

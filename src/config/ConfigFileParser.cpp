@@ -4,11 +4,9 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 bool isComment(const QString& line)
 {

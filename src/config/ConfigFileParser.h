@@ -9,8 +9,7 @@
 #include <QString>
 #include <QTextStream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class ConfigFileParser
 {

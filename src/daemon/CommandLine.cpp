@@ -2,11 +2,9 @@
 
 #include <iostream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 // Takes the whole argument without any occurrence of the option's own text.
 bool takeValue(const QString& argument, QLatin1String option, QString& value)

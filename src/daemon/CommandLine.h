@@ -6,8 +6,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 struct CommandLine {
     qint32 verbosity = 0;

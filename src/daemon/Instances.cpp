@@ -19,16 +19,14 @@
 
 #include <utility>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // These two stand together because static destruction runs backwards: the handler and what belongs
 // to it go first, and still find the settings.
 ConfigFile settings;
 std::unique_ptr<handler> listenerHandler;
 
-namespace
-{
+namespace {
 
 // Cleared first: nobody may find an object that is being deleted.
 template<typename Object>

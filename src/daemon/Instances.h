@@ -4,8 +4,7 @@
 
 #include "daemon/CommandLine.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // The log, the access manager, the connection to the robot and the robot's devices, in this order.
 // Reads settings.

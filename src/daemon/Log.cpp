@@ -8,11 +8,9 @@
 
 #include <iostream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 const QLatin1String dot(".");
 

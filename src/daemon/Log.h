@@ -21,8 +21,7 @@
 
 #include <ostream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class Log : public QObject
 {

@@ -1,7 +1,6 @@
 #include "daemon/MyLogHandler.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyLogHandler* logHandler = nullptr;
 

@@ -3,8 +3,7 @@
 
 #include "daemon/Log.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyLogHandler : public Log
 {

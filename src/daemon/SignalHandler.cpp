@@ -1,10 +1,8 @@
 #include "daemon/SignalHandler.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 // Empty for a number that stands for no event.
 QString eventName(int type)

@@ -13,8 +13,7 @@
 #include <QString>
 #include <QThread>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class SignalHandler : public QThread
 {

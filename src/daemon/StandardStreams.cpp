@@ -9,8 +9,7 @@
 #include <csignal>
 #endif
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 void prepareStandardStreams()
 {

@@ -2,8 +2,7 @@
 // first.
 #pragma once
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // Ignores SIGPIPE, so that a reader of standard output that goes away does not end the daemon, and
 // opens /dev/null where standard input, output or error is closed, so that no socket gets their

@@ -8,8 +8,7 @@
 
 #include <iostream>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 QString configFileName(const CommandLine& commandLine)
 {

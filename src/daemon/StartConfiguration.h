@@ -4,8 +4,7 @@
 
 #include "daemon/CommandLine.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // The name given with the option, or else tessarad.conf in the current directory, or else the
 // installed one beside it, whether or not that exists.

@@ -14,13 +14,11 @@
 #include <csignal>
 #endif
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 #ifdef Q_OS_WIN
 
-namespace
-{
+namespace {
 
 BOOL WINAPI routine(DWORD type)
 {
@@ -40,8 +38,7 @@ void StopRequests::startDelivery() { }
 
 #else
 
-namespace
-{
+namespace {
 
 // Open until the process ends, as the signal handlers are registered until then.
 int pipeEnds[2] = {-1, -1};

@@ -14,8 +14,7 @@
 #include <QScopedPointer>
 #include <QSocketNotifier>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class StopRequests
 {

@@ -20,8 +20,7 @@
 
 using namespace kor::veltrano::daemons;
 
-namespace
-{
+namespace {
 
 // The robot's events reach the daemon this often, on the main thread.
 constexpr int eventPumpIntervalMs = 100;

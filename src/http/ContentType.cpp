@@ -1,10 +1,8 @@
 #include "http/ContentType.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 // A dot in a directory's name counts too, so an extension can hold a slash; it is unknown then.
 QString extensionOf(const QString& path)

@@ -5,8 +5,7 @@
 
 #include <string>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // The type of a path by what stands behind its last dot, compared with case; HTML where that is
 // unknown or missing.

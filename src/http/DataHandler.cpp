@@ -4,8 +4,7 @@
 #include "access/WriteRows.h"
 #include "daemon/Log.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 QByteArray DataHandler::data(const QString& path, const QMap<QString, QString>& parameters) const
 {

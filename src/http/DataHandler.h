@@ -8,8 +8,7 @@
 #include <QMap>
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class DataHandler
 {

@@ -7,13 +7,11 @@
 #include <filesystem>
 #include <memory>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 OpenFiles openFiles;
 
-namespace
-{
+namespace {
 
 using concurrency::streams::istream;
 

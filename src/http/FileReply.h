@@ -7,8 +7,7 @@
 
 #include <string>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // Sends the file with status 200 and the content type, to its end and without a length. A file that
 // can't be opened, or is no regular file, gives replyUnreadable(). Returns at once; any thread.

@@ -3,23 +3,19 @@
 #include "http/FileReply.h"
 #include "http/ListenerSocket.h"
 #include "http/Reply.h"
+#include "http/ThreadPool.h"
 #include "http/handler.h"
 
 #include <iostream>
-#include <thread>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 constexpr std::chrono::seconds requestTimeout(120);
-// Enough for an accept that has begun to end.
-constexpr std::chrono::milliseconds acceptGrace(50);
-// A file that still isn't closed then costs at worst a hanging exit, which the service manager
-// ends.
+// What is still at work after that costs at worst a hanging exit, which the service manager ends.
 constexpr std::chrono::seconds openFilesGrace(5);
+constexpr std::chrono::seconds drainGrace(5);
 
 void openListener(const QString& address)
 {
@@ -36,6 +32,7 @@ void openListener(const QString& address)
 
 void startListener(const QString& address)
 {
+    initializeThreadPool();
     try {
         openListener(address);
         return;
@@ -62,12 +59,13 @@ void closeListener()
     if (!listenerHandler) {
         return;
     }
-    // The library crashes when connections arrive while it closes its listener.
-    if (silenceListeningSocket(listenerHandler->port())) {
-        std::this_thread::sleep_for(acceptGrace);
-    }
+    // The library crashes when it takes a connection while it closes its listener: first no more
+    // may arrive, then what it has begun to take must have been taken.
+    silenceListeningSocket(listenerHandler->port());
+    drainThreadPool(drainGrace);
     dropFailure(listenerHandler->close());
     openFiles.waitUntilNone(openFilesGrace);
+    drainThreadPool(drainGrace);
 }
 
 } // namespace kor::veltrano::daemons

@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // Builds listenerHandler and opens its port. The address is a URI, such as http://127.0.0.1:8080. A
 // failure is printed on standard output and leaves the daemon without a listener.
@@ -14,7 +13,8 @@ void startListener(const QString& address);
 // ended. Does nothing without a listener.
 void refuseRequests();
 
-// Closes the port and waits for the files that are being sent. Does nothing without a listener.
+// Closes the port and waits for the replies that are still on their way. Does nothing without a
+// listener.
 void closeListener();
 
 } // namespace kor::veltrano::daemons

@@ -15,13 +15,11 @@
 #include <string>
 #endif
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 #ifdef Q_OS_LINUX
 
-namespace
-{
+namespace {
 
 bool isListening(int descriptor)
 {

@@ -1,7 +1,6 @@
 #include "http/OpenFiles.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 OpenFiles::Entry::Entry(OpenFiles& openFiles) : files(openFiles)
 {

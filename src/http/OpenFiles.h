@@ -8,8 +8,7 @@
 #include <condition_variable>
 #include <mutex>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class OpenFiles
 {

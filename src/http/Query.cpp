@@ -4,8 +4,7 @@
 
 #include <cpprest/base_uri.h>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 QMap<QString, QString> parseQuery(const std::string& query)
 {

@@ -6,8 +6,7 @@
 
 #include <string>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // The items of a query, keys and values as they came: nothing is percent-decoded. Of a repeated key
 // one value is kept. Logs each pair at level 2. Any thread.

@@ -2,11 +2,9 @@
 
 #include <cpprest/http_listener.h>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
-namespace
-{
+namespace {
 
 void send(web::http::http_request request, const web::http::http_response& response)
 {

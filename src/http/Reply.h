@@ -7,8 +7,7 @@
 
 #include <string>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // Sends a JSON text, which ends at its first NUL byte.
 void replyJson(const web::http::http_request& request, web::http::status_code status,

@@ -1,7 +1,6 @@
 #include "http/RequestGate.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 RequestGate::Pass::Pass(RequestGate& gate) : owner(gate)
 {

@@ -10,15 +10,13 @@
 #include <iostream>
 #include <stdexcept>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 using web::http::http_request;
 using web::http::methods;
 using web::http::status_codes;
 
-namespace
-{
+namespace {
 
 QString pathOf(const http_request& request)
 {

@@ -13,8 +13,7 @@
 #include <memory>
 #include <string>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class handler
 {

@@ -9,8 +9,7 @@
 #include <QMutex>
 #include <QMutexLocker>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 template<typename Device>
 class CachedRecord : public Device

@@ -4,8 +4,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyAnalogInputArray* analogInputArray = nullptr;
 

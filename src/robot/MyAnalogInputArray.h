@@ -5,8 +5,7 @@
 
 #include <QByteArray>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyAnalogInputArray : public api2::AnalogInputArray
 {

@@ -2,8 +2,7 @@
 
 #include "support/Json.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyBumper* bumper = nullptr;
 

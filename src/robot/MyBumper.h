@@ -5,8 +5,7 @@
 
 #include <QByteArray>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyBumper : public api2::Bumper
 {

@@ -2,8 +2,7 @@
 
 #include "daemon/Log.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyCom* com = nullptr;
 

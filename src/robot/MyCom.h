@@ -7,8 +7,7 @@
 
 #include "kor/veltrano/api2/Com.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyCom : public api2::Com
 {

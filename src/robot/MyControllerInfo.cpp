@@ -1,7 +1,6 @@
 #include "robot/MyControllerInfo.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyControllerInfo* controllerInfo = nullptr;
 

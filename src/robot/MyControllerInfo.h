@@ -5,8 +5,7 @@
 
 #include "kor/veltrano/api2/ControllerInfo.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyControllerInfo : public CachedRecord<api2::ControllerInfo>
 {

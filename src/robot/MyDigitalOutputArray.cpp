@@ -2,8 +2,7 @@
 
 #include "robot/Switches.h"
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyDigitalOutputArray* digitalOutputArray = nullptr;
 

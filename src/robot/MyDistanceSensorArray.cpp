@@ -4,8 +4,7 @@
 
 #include <array>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyDistanceSensorArray* distanceSensorArray = nullptr;
 

@@ -4,8 +4,7 @@
 
 #include <QMutexLocker>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 MyOdometry* odometry = nullptr;
 

@@ -8,8 +8,7 @@
 #include <QByteArray>
 #include <QMutex>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class MyOdometry : public api2::Odometry
 {

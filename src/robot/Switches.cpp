@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 bool jsonToBool(const QJsonValue& value)
 {

@@ -6,8 +6,7 @@
 
 #include <functional>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // True for true, a number above 0, and the words "true" and "yes" in any case; false for all else.
 bool jsonToBool(const QJsonValue& value);

@@ -2,8 +2,7 @@
 
 #include <QJsonDocument>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 QByteArray renderJson(const QJsonArray& array)
 {

@@ -5,8 +5,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 // UTF-8, indented, keys sorted, with a line feed at the end; a number that is not finite is null.
 QByteArray renderJson(const QJsonArray& array);

@@ -12,10 +12,8 @@
 #include <thread>
 #include <vector>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 class AccessManagerTest : public LogFixture
 {

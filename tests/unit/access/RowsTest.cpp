@@ -8,10 +8,8 @@
 
 #include <gtest/gtest.h>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 QString accessName(Access access)
 {

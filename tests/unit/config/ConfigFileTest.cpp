@@ -6,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 class ConfigFileTest : public testing::Test
 {

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 CommandLine parsed(const QStringList& arguments)
 {

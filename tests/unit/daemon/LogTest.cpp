@@ -7,10 +7,8 @@
 #include <sstream>
 #include <thread>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 // What the code under test writes to the two standard streams.
 class ConsoleCapture

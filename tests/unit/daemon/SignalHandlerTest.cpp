@@ -5,10 +5,8 @@
 
 #include <gtest/gtest.h>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 // A running handler as main sets it up, and what it has told so far, in order.
 class SignalHandlerTest : public testing::Test

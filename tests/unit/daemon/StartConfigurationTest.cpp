@@ -8,10 +8,8 @@
 
 #include <gtest/gtest.h>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 // Runs in an empty folder of its own, with empty settings.
 class StartConfigurationTest : public testing::Test

@@ -10,10 +10,8 @@
 
 #include <csignal>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 struct Signal {
     int number;

@@ -5,10 +5,8 @@
 
 #include "support/LogFixture.h"
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 class DataHandlerTest : public LogFixture
 {

@@ -9,10 +9,8 @@
 
 #include <cerrno>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 // A TCP socket that listens on a free port of the loopback.
 class ListeningSocket

@@ -5,10 +5,8 @@
 #include <future>
 #include <optional>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 using namespace std::chrono_literals;
 

@@ -2,10 +2,8 @@
 
 #include "support/LogFixture.h"
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 class QueryTest : public LogFixture
 {

@@ -7,10 +7,8 @@
 #include <future>
 #include <optional>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 TEST(RequestGateTest, AnOpenGateGivesPassesToAll)
 {

@@ -6,10 +6,8 @@
 
 #include <thread>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 TEST(MyOdometryTest, BeforeTheFirstEventSevenZerosAreGiven)
 {

@@ -8,10 +8,8 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::daemons
-{
-namespace
-{
+namespace kor::veltrano::daemons {
+namespace {
 
 TEST(JsonToBoolTest, ReadsNumbersAndWordsAsWellAsBooleans)
 {

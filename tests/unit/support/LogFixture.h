@@ -12,8 +12,7 @@
 
 #include <memory>
 
-namespace kor::veltrano::daemons
-{
+namespace kor::veltrano::daemons {
 
 class LogFixture : public testing::Test
 {
