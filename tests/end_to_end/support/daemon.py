@@ -7,7 +7,7 @@ import signal
 import subprocess
 from dataclasses import dataclass, field
 from pathlib import Path
-from typing import Mapping, Sequence
+from typing import IO, Mapping, Sequence
 
 from support.deadlines import deadline, wait_for
 from support.http import Connection, Reply
@@ -29,24 +29,39 @@ class Options:
     verbosity: int = 0
     settings: Mapping[str, str] = field(default_factory=dict)
     listener: str | None = None
+    # The configuration file's name, seen from the daemon's folder, and the argument that names it:
+    # None for its absolute path, an empty text for no argument.
+    file_name: str = "given.conf"
+    file_argument: str | None = None
+    # The file's whole text in place of the settings above; @PORT@ stands for the port.
+    file: bytes | None = None
     arguments: Sequence[str] = ()
     closed_streams: Sequence[int] = ()
+    # Descriptors in place of the files that keep what the daemon prints.
+    stdout: int | None = None
+    stderr: int | None = None
     environment: Mapping[str, str] = field(default_factory=dict)
 
-    def configuration(self, port: int) -> str:
+    def configuration(self, port: int) -> bytes:
         """The configuration file's text."""
-        listener = self.listener or f"http://127.0.0.1:{port}"
+        if self.file is not None:
+            return self.file.replace(b"@PORT@", str(port).encode())
+        listener = f"http://127.0.0.1:{port}" if self.listener is None else self.listener
         settings = {"Network/win_httpserver": listener, "Network/veltrano": self.robot}
         sections: dict[str, list[str]] = {}
         for path, value in (settings | dict(self.settings)).items():
             section, _, key = path.partition("/")
             sections.setdefault(section, []).append(f"{key}={value}\n")
-        return "".join(f"[{name}]\n{''.join(lines)}" for name, lines in sections.items())
+        text = "".join(f"[{name}]\n{''.join(lines)}" for name, lines in sections.items())
+        return text.encode()
 
     def command_line(self, configuration: Path) -> list[str]:
         verbose = ["-" + "v" * self.verbosity] if self.verbosity else []
+        named = f"-conf={configuration}" if self.file_argument is None else self.file_argument
         resources = [f"-resourcepath={self.resources}"] if self.resources else []
-        return [*verbose, f"-conf={configuration}", *resources, *self.arguments]
+        # Without an address of its own a daemon would call on whatever robot this machine has.
+        robot = [f"-veltrano={self.robot}"] if self.file is not None else []
+        return [*verbose, *([named] if named else []), *resources, *robot, *self.arguments]
 
 
 def quiet_environment(more: Mapping[str, str]) -> dict[str, str]:
@@ -71,7 +86,7 @@ class Daemon:
     def start(self) -> None:
         """Launches the daemon on a free port and waits until it listens."""
         for _ in range(START_ATTEMPTS):
-            self.port = free_port()
+            self.choose_port()
             self.launch()
             self.wait_for_output(LISTENING + b"|Unkown error\n")
             if LISTENING in self.stdout():
@@ -80,22 +95,31 @@ class Daemon:
             self.stop()
         raise AssertionError("no free port found")
 
+    def choose_port(self) -> None:
+        """Takes another port from the next launch on."""
+        self.port = free_port()
+
     def launch(self) -> None:
         """Starts the process and returns at once."""
-        configuration = self.folder / "given.conf"
-        configuration.write_text(self.options.configuration(self.port))
+        configuration = self.folder / self.options.file_name
+        configuration.parent.mkdir(parents=True, exist_ok=True)
+        configuration.write_bytes(self.options.configuration(self.port))
         self.launch_with(self.options.command_line(configuration))
 
     def launch_with(self, arguments: Sequence[str | bytes]) -> None:
         """Starts the process with exactly these arguments and returns at once."""
+        with open(self.folder / "stdout", "wb") as out, open(self.folder / "stderr", "wb") as err:
+            self._execute(arguments, self.options.stdout or out, self.options.stderr or err)
+
+    def _execute(self, arguments: Sequence[str | bytes], stdout: IO[bytes] | int,
+                 stderr: IO[bytes] | int) -> None:
         command: list[str | bytes] = [str(BINARIES / "tessarad"), *arguments]
         if self.options.closed_streams:
             closings = " ".join(f"{stream}>&-" for stream in self.options.closed_streams)
             command = ["/bin/sh", "-c", f'exec "$@" {closings}', "sh", *command]
-        with open(self.folder / "stdout", "wb") as out, open(self.folder / "stderr", "wb") as err:
-            self._process = subprocess.Popen(
-                command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=out, stderr=err,
-                env=quiet_environment(self.options.environment))
+        self._process = subprocess.Popen(
+            command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr,
+            env=quiet_environment(self.options.environment))
 
     @property
     def pid(self) -> int:
@@ -166,7 +190,7 @@ class Daemon:
     def log(self) -> str:
         """The log file's text, empty without a file."""
         file = self.folder / "tessarad_log.txt"
-        return file.read_text("latin-1") if file.exists() else ""
+        return file.read_bytes().decode("latin-1") if file.is_file() else ""
 
     def messages(self) -> list[str]:
         """The log's messages, without their times."""
