@@ -4,11 +4,9 @@
 
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr double measurementS = 0.2;
 constexpr double noiseV = 0.01;

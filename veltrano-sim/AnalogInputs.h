@@ -9,8 +9,7 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class AnalogInputs : public Device
 {

@@ -6,11 +6,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr double capacityAs = 20.0 * 3600;
 constexpr double lowLevel = 0.15;

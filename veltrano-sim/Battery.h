@@ -6,8 +6,7 @@
 
 #include "Device.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Robot;
 

@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 // A hull pushed out of a wall stands at its surface only up to rounding.
 constexpr double roundingM = 1e-9;

@@ -4,8 +4,7 @@
 #include "Geometry.h"
 #include "Pose.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class World;
 

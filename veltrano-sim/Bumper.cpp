@@ -2,8 +2,7 @@
 
 #include "Robot.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 Bumper::Bumper(const Robot& moving)
     : Device({QStringLiteral("bumper")}), robot(moving), last(moving.isTouching())

@@ -5,8 +5,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Robot;
 

@@ -2,11 +2,9 @@
 
 #include <QString>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String textKey("text");
 constexpr QLatin1String base64Key("base64");

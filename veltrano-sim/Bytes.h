@@ -6,8 +6,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 // The bytes of an object with exactly one of text and base64; nothing where it has neither or both,
 // a further member, or text that is no Base64.

@@ -9,8 +9,7 @@
 #include <functional>
 #include <utility>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Change
 {

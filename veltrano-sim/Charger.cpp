@@ -5,11 +5,9 @@
 
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String versionKey("version");
 constexpr QLatin1String errorKey("error");

@@ -7,8 +7,7 @@
 
 #include "HeldReadings.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Battery;
 

@@ -10,11 +10,9 @@
 
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr qint64 longestDropMs = 3600 * 1000;
 constexpr qint64 longestDelayMs = 60 * 1000;

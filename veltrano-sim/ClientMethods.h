@@ -2,8 +2,7 @@
 // simulation's own events, and what their connections shall do badly.
 #pragma once
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class ControlMethods;
 class RpcServer;

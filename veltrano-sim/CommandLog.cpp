@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 double CommandLog::nowMs()
 {

@@ -9,8 +9,7 @@
 
 #include <deque>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class CommandLog
 {

@@ -3,11 +3,9 @@
 #include "CommandLog.h"
 #include "ControlMethods.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 // The largest whole number up to which JSON counts exactly.
 constexpr qint64 largestIndex = Q_INT64_C(1) << 53;

@@ -2,8 +2,7 @@
 // commands.clear.
 #pragma once
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class CommandLog;
 class ControlMethods;

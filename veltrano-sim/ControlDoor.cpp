@@ -5,11 +5,9 @@
 
 #include <QTcpSocket>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr int parseError = -32700;
 

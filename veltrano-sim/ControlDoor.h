@@ -12,13 +12,11 @@
 #include <QObject>
 #include <QTcpServer>
 
-namespace kor::veltrano::rpc
-{
+namespace kor::veltrano::rpc {
 struct Message;
 }
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class ControlMethods;
 class LineSocket;

@@ -1,7 +1,6 @@
 #include "ControlHelp.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 QString controlHelp()
 {

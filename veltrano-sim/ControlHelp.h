@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 // A line for each method with its params and what it does.
 QString controlHelp();

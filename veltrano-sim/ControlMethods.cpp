@@ -2,8 +2,7 @@
 
 #include "rpc/Message.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 QStringList ControlMethods::names() const
 {

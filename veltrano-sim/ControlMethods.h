@@ -12,8 +12,7 @@
 #include <functional>
 #include <map>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class ControlMethods
 {

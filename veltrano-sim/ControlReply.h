@@ -4,8 +4,7 @@
 #include <QJsonObject>
 #include <QString>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 struct ControlReply {
     QJsonObject result;

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 DelayLine::DelayLine()
 {

@@ -10,8 +10,7 @@
 #include <deque>
 #include <functional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class DelayLine
 {

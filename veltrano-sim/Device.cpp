@@ -1,7 +1,6 @@
 #include "Device.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 Device::Device(const QStringList& keys, double period)
     : stateKeys(keys), newsEveryS(period), untilNewsS(period)

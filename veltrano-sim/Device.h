@@ -18,8 +18,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Device
 {

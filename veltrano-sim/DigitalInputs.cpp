@@ -5,8 +5,7 @@
 
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 DigitalInputs::DigitalInputs(const OutputArray& wired)
     : Device({QStringLiteral("digitalInputs")}), outputs(wired), last(wired.values())

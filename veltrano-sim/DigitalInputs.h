@@ -6,8 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class OutputArray;
 

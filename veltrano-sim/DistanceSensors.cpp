@@ -7,11 +7,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr double readingS = 0.1;
 constexpr QLatin1String distancesKey("distances");

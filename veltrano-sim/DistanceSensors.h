@@ -10,8 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Robot;
 class World;

@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 Point shortened(Point vector, double limit)
 {

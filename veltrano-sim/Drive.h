@@ -6,8 +6,7 @@
 
 #include "Pose.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Drive
 {

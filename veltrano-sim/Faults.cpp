@@ -1,7 +1,6 @@
 #include "Faults.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 QJsonObject Faults::show() const
 {

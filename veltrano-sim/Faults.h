@@ -8,8 +8,7 @@
 
 #include <random>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Faults
 {

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 double dot(Point a, Point b)
 {

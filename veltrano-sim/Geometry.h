@@ -3,8 +3,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 struct Point {
     double x = 0;

@@ -4,8 +4,7 @@
 
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 HeldReadings::HeldReadings(const QString& key, double period, const QStringList& wholeNumbers,
                            const QStringList& largeWholeNumbers)

@@ -7,8 +7,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class HeldReadings : public Device
 {

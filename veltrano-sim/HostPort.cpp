@@ -1,7 +1,6 @@
 #include "HostPort.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 QString HostPort::text() const
 {

@@ -6,8 +6,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 struct HostPort {
     QHostAddress host;

@@ -2,11 +2,9 @@
 
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 template<typename Number>
 QJsonArray arrayOf(const std::vector<Number>& numbers)

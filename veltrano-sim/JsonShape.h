@@ -11,8 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 // A finite number.
 std::optional<double> toNumber(const QJsonValue& value);

@@ -4,8 +4,7 @@
 
 #include <QTcpSocket>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 LineSocket::LineSocket(QTcpSocket* connection, QObject* parent)
     : QObject(parent), socket(connection)

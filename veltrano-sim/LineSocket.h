@@ -14,8 +14,7 @@
 
 class QTcpSocket;
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class LineSocket : public QObject
 {

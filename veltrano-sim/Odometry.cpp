@@ -3,11 +3,9 @@
 #include "JsonShape.h"
 #include "Robot.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr double readingS = 0.04;
 

@@ -5,8 +5,7 @@
 
 #include "HeldReadings.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Robot;
 

@@ -4,11 +4,9 @@
 
 #include <QCommandLineParser>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String listenName("listen");
 constexpr QLatin1String controlName("control");

@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 struct Options {
     HostPort listen;

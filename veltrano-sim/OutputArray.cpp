@@ -2,8 +2,7 @@
 
 #include "JsonShape.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 OutputArray::OutputArray(const QString& key, const QString& method, int count)
     : Device({key}), setMethod(method), current(static_cast<std::size_t>(count), 0)

@@ -2,8 +2,7 @@
 
 #include "JsonShape.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 QJsonValue Params::value(const QString& name)
 {

@@ -9,8 +9,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Params
 {

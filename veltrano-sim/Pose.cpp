@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 double wrappedAngle(double angle)
 {

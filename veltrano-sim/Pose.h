@@ -1,8 +1,7 @@
 // Pose and Velocity: where the robot stands and how it moves. Plain values.
 #pragma once
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 // In the world's frame: x and y in m, phi in rad, in (-pi, pi], counted from the x axis to the
 // left.

@@ -2,8 +2,7 @@
 
 #include "Battery.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 PowerManagement::PowerManagement(const Battery& supply)
     : HeldReadings(QStringLiteral("powerManagement"), 1,

@@ -3,8 +3,7 @@
 
 #include "HeldReadings.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Battery;
 

@@ -4,11 +4,9 @@
 
 #include <utility>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr double recordS = 2;
 

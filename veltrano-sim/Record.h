@@ -10,8 +10,7 @@
 #include <functional>
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Record : public Device
 {

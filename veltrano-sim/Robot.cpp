@@ -3,11 +3,9 @@
 #include "JsonShape.h"
 #include "World.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String poseKey("pose");
 constexpr QLatin1String velocityKey("velocity");

@@ -8,8 +8,7 @@
 #include "Device.h"
 #include "Drive.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Robot : public Device
 {

@@ -8,11 +8,9 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr int retryMs = 100;
 
@@ -27,6 +25,7 @@ RpcServer::RpcServer(Simulation& robot, CommandLog& commands, quint64 seed, QObj
     : QObject(parent), simulation(robot), log(commands), badness(seed)
 {
     absence.setSingleShot(true);
+    absence.setTimerType(Qt::PreciseTimer);
     connect(&absence, &QTimer::timeout, this, &RpcServer::comeBack);
     connect(&server, &QTcpServer::newConnection, this, &RpcServer::accept);
 }
@@ -113,7 +112,8 @@ void RpcServer::forget(RpcSession* session)
 void RpcServer::obey(RpcSession& session, const QString& method, const QJsonObject& params,
                      int lineBytes)
 {
-    const bool isCarriedOut = simulation.command(method, params);
+    const bool isCarriedOut =
+        session.changeSubscription(method) || simulation.command(method, params);
     log.add(session.number(), method, params, isCarriedOut, lineBytes);
 }
 

@@ -13,8 +13,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class CommandLog;
 class Device;

@@ -7,11 +7,9 @@
 
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr int mostAnswers = 100;
 // Longer answers are not worth keeping: they would be the client's own text.
@@ -29,6 +27,8 @@ RpcSession::RpcSession(QTcpSocket* socket, int number, Faults& shared, QObject* 
 {
     age.start();
     silence.setSingleShot(true);
+    // A coarse timer would end a connection up to a quarter of a second early.
+    silence.setTimerType(Qt::PreciseTimer);
     silence.setInterval(silenceMs);
     silence.start();
     connect(&silence, &QTimer::timeout, this, &RpcSession::close);
@@ -41,6 +41,21 @@ RpcSession::RpcSession(QTcpSocket* socket, int number, Faults& shared, QObject* 
         incoming.clear();
         Q_EMIT closed();
     });
+}
+
+bool RpcSession::changeSubscription(const QString& method)
+{
+    const QString device = method.section(QLatin1Char('.'), 0, 0);
+    const QString verb = method.section(QLatin1Char('.'), 1);
+    const bool isOn = verb == QLatin1String("subscribe");
+    if (!subscribable().contains(device) || !(isOn || verb == QLatin1String("unsubscribe"))) {
+        return false;
+    }
+    subscriptions.removeAll(device);
+    if (isOn) {
+        subscriptions.append(device);
+    }
+    return true;
 }
 
 void RpcSession::send(const QByteArray& bytes)
@@ -122,15 +137,6 @@ void RpcSession::obey(const rpc::Message& command, int lineBytes)
 {
     if (!up) {
         return;
-    }
-    const QString device = command.method.section(QLatin1Char('.'), 0, 0);
-    const QString verb = command.method.section(QLatin1Char('.'), 1);
-    if (subscribable().contains(device)) {
-        if (verb == QLatin1String("subscribe") && !isSubscribed(device)) {
-            subscriptions.append(device);
-        } else if (verb == QLatin1String("unsubscribe")) {
-            subscriptions.removeAll(device);
-        }
     }
     Q_EMIT commandReceived(command.method, command.params, lineBytes);
 }

@@ -19,8 +19,7 @@
 #include <QStringList>
 #include <QTimer>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Faults;
 
@@ -45,6 +44,9 @@ public:
     // True where the client has subscribed to "camera" or "laserRangeFinder".
     bool isSubscribed(const QString& device) const { return subscriptions.contains(device); }
 
+    // Carries a command of subscription out. False where it is none.
+    bool changeSubscription(const QString& method);
+
     // Sends bytes in their turn; they are delayed or dropped as the faults say.
     void send(const QByteArray& bytes);
     // The same for an event, which the faults may lose.
@@ -57,7 +59,7 @@ public:
 Q_SIGNALS:
     // The client is up and waits for the present state.
     void opened();
-    // The client has sent a command, other than a subscription.
+    // The client, which is up, has sent a notification.
     void commandReceived(const QString& method, const QJsonObject& params, int lineBytes);
     void closed();
 

@@ -18,8 +18,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 template<typename Kind, typename... Arguments>
 Kind& Simulation::add(Arguments&&... arguments)

@@ -11,8 +11,7 @@
 #include <memory>
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Simulation
 {

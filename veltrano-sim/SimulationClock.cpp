@@ -3,11 +3,9 @@
 #include "RpcServer.h"
 #include "Simulation.h"
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr int stepMs = 10;
 constexpr int idleMs = 100;

@@ -8,8 +8,7 @@
 #include <QObject>
 #include <QTimer>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class RpcServer;
 class Simulation;

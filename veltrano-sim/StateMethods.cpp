@@ -7,11 +7,9 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 QJsonObject subscriptionCounts(const RpcServer& server)
 {

@@ -2,8 +2,7 @@
 // state.release.
 #pragma once
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class ControlMethods;
 class RpcServer;

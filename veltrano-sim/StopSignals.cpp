@@ -8,11 +8,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 std::array<int, 2> pipeEnds{-1, -1};
 

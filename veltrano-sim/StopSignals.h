@@ -11,8 +11,7 @@
 
 class QSocketNotifier;
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class StopSignals : public QObject
 {

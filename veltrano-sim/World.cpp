@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <limits>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 // Counts the edges that a line from p to the right crosses.
 bool isInside(const World::Polygon& corners, Point p)

@@ -10,8 +10,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class World
 {

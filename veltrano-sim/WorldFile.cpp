@@ -11,11 +11,9 @@ static void openBuiltInWorlds()
     Q_INIT_RESOURCE(worlds);
 }
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 constexpr qint64 mostBytes = 1024 * 1024;
 

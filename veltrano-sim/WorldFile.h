@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 // A world, or why there is none: the text names the member that does not fit.
 struct WorldOutcome {

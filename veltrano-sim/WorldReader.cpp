@@ -5,11 +5,9 @@
 
 #include <cmath>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 // Beyond this the arithmetic would lose the millimetres.
 constexpr double farthestM = 10000;

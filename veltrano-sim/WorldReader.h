@@ -12,8 +12,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class WorldReader
 {

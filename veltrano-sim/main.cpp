@@ -20,8 +20,7 @@
 
 using namespace kor::veltrano::sim;
 
-namespace
-{
+namespace {
 
 // Tests and scripts wait for these lines, so they leave at once, and their form is fixed.
 void say(const QString& text)

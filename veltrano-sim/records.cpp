@@ -10,11 +10,9 @@
 #include <cmath>
 #include <sys/sysinfo.h>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
-namespace
-{
+namespace {
 
 double toHundredths(double value)
 {

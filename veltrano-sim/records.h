@@ -3,8 +3,7 @@
 
 #include <QByteArray>
 
-namespace kor::veltrano::sim
-{
+namespace kor::veltrano::sim {
 
 class Battery;
 
