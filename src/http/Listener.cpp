@@ -1,7 +1,7 @@
 #include "http/Listener.h"
 
 #include "http/FileReply.h"
-#include "http/ListenerSocket.h"
+#include "http/PortSockets.h"
 #include "http/Reply.h"
 #include "http/ThreadPool.h"
 #include "http/handler.h"
@@ -16,6 +16,8 @@ constexpr std::chrono::seconds requestTimeout(120);
 // What is still at work after that costs at worst a hanging exit, which the service manager ends.
 constexpr std::chrono::seconds openFilesGrace(5);
 constexpr std::chrono::seconds drainGrace(5);
+// For a client to take the reply that is on its way to it.
+constexpr std::chrono::seconds connectionsGrace(1);
 
 void openListener(const QString& address)
 {
@@ -59,9 +61,12 @@ void closeListener()
     if (!listenerHandler) {
         return;
     }
-    // The library crashes when it takes a connection while it closes its listener: first no more
-    // may arrive, then what it has begun to take must have been taken.
-    silenceListeningSocket(listenerHandler->port());
+    // The library crashes when connections come or work while it closes its listener: first none
+    // may come any more, then those that are there must end, and then it may close.
+    const int port = listenerHandler->port();
+    silenceListeningSocket(port);
+    drainThreadPool(drainGrace);
+    endConnections(port, connectionsGrace);
     drainThreadPool(drainGrace);
     dropFailure(listenerHandler->close());
     openFiles.waitUntilNone(openFilesGrace);

@@ -14,7 +14,7 @@ namespace {
 constexpr int threadCount = 40;
 
 // A task may queue another one before it ends. No chain of the library's tasks is longer than this.
-constexpr int generations = 10;
+constexpr int generations = 4;
 
 // Where all threads of the pool meet. They can only do so when none of them has anything else to
 // do, so everything that was queued before has ended then.

@@ -1,4 +1,4 @@
-#include "http/ListenerSocket.h"
+#include "http/PortSockets.h"
 
 #include <QtGlobal>
 
@@ -11,8 +11,9 @@
 #include <fcntl.h>
 
 #include <filesystem>
-#include <optional>
 #include <string>
+#include <thread>
+#include <vector>
 #endif
 
 namespace kor::veltrano::daemons {
@@ -46,16 +47,39 @@ int localPort(int descriptor)
     return 0;
 }
 
-std::optional<int> findListeningSocket(int port)
+enum class Kind { Listening, Connected };
+
+std::vector<int> findSockets(int port, Kind kind)
 {
+    std::vector<int> sockets;
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
         const int descriptor = std::stoi(entry.path().filename().string());
-        if (isListening(descriptor) && localPort(descriptor) == port) {
-            return descriptor;
+        if (localPort(descriptor) == port && isListening(descriptor) == (kind == Kind::Listening)) {
+            sockets.push_back(descriptor);
         }
     }
-    return std::nullopt;
+    return sockets;
+}
+
+// Shuts the given direction of all connections and waits for the library to close them, which it
+// does where it next looks at them.
+bool shutAndWait(int port, int direction, std::chrono::milliseconds timeout)
+{
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    for (;;) {
+        const std::vector<int> connections = findSockets(port, Kind::Connected);
+        if (connections.empty()) {
+            return true;
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
+            return false;
+        }
+        for (const int connection : connections) {
+            shutdown(connection, direction);
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
 }
 
 // A socket in the abstract namespace under a name that the kernel chooses, so nobody connects: an
@@ -77,22 +101,30 @@ int openIdleListeningSocket()
 
 bool silenceListeningSocket(int port)
 {
-    const auto listeningSocket = findListeningSocket(port);
-    if (!listeningSocket) {
-        return false;
-    }
+    const std::vector<int> listeningSockets = findSockets(port, Kind::Listening);
     const int idleSocket = openIdleListeningSocket();
-    if (idleSocket < 0) {
+    if (listeningSockets.empty() || idleSocket < 0) {
+        close(idleSocket);
         return false;
     }
-    const bool isReplaced = dup3(idleSocket, *listeningSocket, O_CLOEXEC) >= 0;
+    const bool isReplaced = dup3(idleSocket, listeningSockets.front(), O_CLOEXEC) >= 0;
     close(idleSocket);
     return isReplaced;
+}
+
+bool endConnections(int port, std::chrono::milliseconds grace)
+{
+    return shutAndWait(port, SHUT_RD, grace) || shutAndWait(port, SHUT_RDWR, grace);
 }
 
 #else
 
 bool silenceListeningSocket(int)
+{
+    return false;
+}
+
+bool endConnections(int, std::chrono::milliseconds)
 {
     return false;
 }
