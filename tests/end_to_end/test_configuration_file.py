@@ -64,14 +64,20 @@ def loop_of_links(path):
     path.symlink_to(path.name)
 
 
+def unreadable_file(path):
+    path.write_text("[Network]\nwin_httpserver=not read\n")
+    path.chmod(0)
+
+
 @pytest.mark.parametrize("make", [
     pytest.param(lambda path: None, id="missing"),
+    pytest.param(unreadable_file, id="without read permission"),
     pytest.param(os.mkdir, id="a folder"),
     pytest.param(dangling_link, id="a dangling link"),
     pytest.param(loop_of_links, id="a loop of links"),
 ])
 def test_a_file_that_cannot_be_read_leaves_the_defaults(new_daemon, make):
-    daemon = new_daemon()
+    daemon = new_daemon(obeys_permissions=True)
     name = daemon.folder / "own.conf"
     make(name)
     # The robot's address is given, so that no robot of this machine is disturbed.

@@ -27,6 +27,7 @@ class FakeRobot:
         self._greeted: list[socket.socket] = []
         self._port = 0
         self.connections_made = 0
+        self.answers: list[dict[str, Any]] = []
         self.start()
 
     @property
@@ -64,6 +65,16 @@ class FakeRobot:
         for connection in greeted:
             self.send(connection, {"method": event, "params": params})
 
+    def send_bytes(self, data: bytes) -> None:
+        """Sends bytes to all clients that have been greeted, as they are."""
+        with self._lock:
+            greeted = list(self._greeted)
+        for connection in greeted:
+            try:
+                connection.sendall(data)
+            except OSError:
+                pass
+
     def commands(self, method: str) -> list[Params]:
         """The params of all commands of a method, in order of arrival."""
         with self._lock:
@@ -81,8 +92,10 @@ class FakeRobot:
             self.answer(connection, json.loads(line))
 
     def answer(self, connection: socket.socket, message: dict[str, Any]) -> None:
-        method = message["method"]
-        if method == "hello":
+        method = message.get("method")
+        if method is None:
+            self.answers.append(message)
+        elif method == "hello":
             self.reply(connection, message, {"protocol": 1, "robot": "fake"})
             with self._lock:
                 state = dict(self._state)
