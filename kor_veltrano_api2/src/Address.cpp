@@ -1,10 +1,8 @@
 #include "Address.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 constexpr quint16 defaultPort = 12080;
 
@@ -41,7 +39,7 @@ std::optional<Address> parseAddress(const QByteArray& text)
     if (!port) {
         return std::nullopt;
     }
-    return Address{host.isEmpty() ? QByteArrayLiteral("127.0.0.1") : host, *port};
+    return Address{host.isEmpty() ? "127.0.0.1" : host.toStdString(), *port};
 }
 
 } // namespace kor::veltrano::api2::detail

@@ -4,12 +4,12 @@
 #include <QByteArray>
 
 #include <optional>
+#include <string>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct Address {
-    QByteArray host;
+    std::string host;
     quint16 port = 0;
 };
 

@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 AnalogInputArray::AnalogInputArray()
 {

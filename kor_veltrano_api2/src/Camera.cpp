@@ -6,11 +6,9 @@
 #include <algorithm>
 #include <utility>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
-namespace
-{
+namespace {
 
 struct Fetched {
     detail::CameraImage image;
@@ -84,12 +82,12 @@ bool Camera::getImage(unsigned char** data, unsigned int dataSize, unsigned int*
                        own.decodesJpeg};
     });
     const detail::CameraImage& image = fetched.image;
-    const auto size = static_cast<unsigned int>(image.bytes.size());
+    const auto size = image.bytes ? static_cast<unsigned int>(image.bytes->size()) : 0;
     const bool isWanted = !image.isJpeg || !fetched.decodesJpeg;
     const bool fits = size > 0 && size <= dataSize && data != nullptr && *data != nullptr;
     const bool isCopied = isWanted && fits;
     if (isCopied) {
-        std::copy(image.bytes.begin(), image.bytes.end(), *data);
+        std::copy(image.bytes->begin(), image.bytes->end(), *data);
     }
     put(first, image.isJpeg ? 0 : image.width);
     put(second, image.isJpeg ? 0 : image.height);

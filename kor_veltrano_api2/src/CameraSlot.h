@@ -6,8 +6,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct CameraSlot : Binding {
     // The newest image, from its arrival until it is fetched or the object is detached.

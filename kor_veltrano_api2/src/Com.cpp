@@ -3,11 +3,9 @@
 #include "Delivery.h"
 #include "Library.h"
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
-namespace
-{
+namespace {
 
 // A process that ends without shutdown() must not tear down the ground under a running thread.
 struct ThreadEnder {
@@ -37,7 +35,7 @@ void Com::logEvent(const char*, int) { }
 
 void Com::setAddress(const char* address)
 {
-    detail::library().link.setAddress(comId.number(), QByteArray(address));
+    detail::library().link.setAddress(comId.number(), address != nullptr ? address : "");
 }
 
 void Com::setAutoReconnectEnabled(bool enable)

@@ -2,8 +2,7 @@
 
 #include "Library.h"
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 ControllerInfo::ControllerInfo()
 {

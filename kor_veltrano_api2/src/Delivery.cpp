@@ -13,8 +13,7 @@
 #include "kor/veltrano/api2/Odometry.h"
 #include "kor/veltrano/api2/PowerManagement.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 void Delivery::run(Library& library)
 {
@@ -93,7 +92,7 @@ void Delivery::operator()(const PowerReadings& event) const
 {
     round.forEach<PowerManagement>([&event](PowerManagement& power) {
         power.readingsEvent(event.voltage, event.current, event.extPower, event.numChargers,
-                            event.batteryType.constData(), event.batteryLow,
+                            event.batteryType.c_str(), event.batteryLow,
                             event.batteryLowShutdownCounter);
     });
 }
@@ -103,7 +102,7 @@ void Delivery::operator()(const ChargerInfo& event) const
     toCharger(event.chargerNumber, [&event](Charger& charger) {
         charger.chargerInfoChanged(event.time, event.batteryVoltage, event.chargingCurrent,
                                    event.bat1temp, event.bat2temp, event.stateNumber,
-                                   event.state.constData());
+                                   event.state.c_str());
     });
 }
 
@@ -117,21 +116,21 @@ void Delivery::operator()(const ChargerVersion& event) const
 void Delivery::operator()(const ChargerError& event) const
 {
     toCharger(event.chargerNumber, [&event](Charger& charger) {
-        charger.chargerErrorChanged(event.time, event.message.constData());
+        charger.chargerErrorChanged(event.time, event.message.c_str());
     });
 }
 
 void Delivery::operator()(const ControllerRecord& event) const
 {
     round.forEach<ControllerInfo>([&event](ControllerInfo& info) {
-        info.infoChangedEvent(event.bytes.constData(), event.bytes.size());
+        info.infoChangedEvent(event.bytes.data(), static_cast<int>(event.bytes.size()));
     });
 }
 
 void Delivery::operator()(const FestoolRecord& event) const
 {
     round.forEach<FestoolCharger>([&event](FestoolCharger& charger) {
-        charger.infoChangedEvent(event.bytes.constData(), event.bytes.size());
+        charger.infoChangedEvent(event.bytes.data(), static_cast<int>(event.bytes.size()));
     });
 }
 
@@ -139,8 +138,8 @@ void Delivery::operator()(const CameraImage& event) const
 {
     round.forEach<Camera>([this, &event](Camera& camera) {
         if (library.hub.isMeantFor(camera.slot.get(), queued)) {
-            const auto* bytes = reinterpret_cast<const unsigned char*>(event.bytes.constData());
-            camera.imageReceivedEvent(bytes, static_cast<unsigned int>(event.bytes.size()),
+            const auto* bytes = reinterpret_cast<const unsigned char*>(event.bytes->constData());
+            camera.imageReceivedEvent(bytes, static_cast<unsigned int>(event.bytes->size()),
                                       event.width, event.height, event.step);
         }
     });

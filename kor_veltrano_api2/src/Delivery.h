@@ -6,8 +6,7 @@
 #include "Events.h"
 #include "Library.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class Delivery
 {

@@ -1,10 +1,8 @@
 #include "DeviceState.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 struct Store {
     DeviceState& state;

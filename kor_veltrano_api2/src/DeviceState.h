@@ -9,8 +9,7 @@
 #include <array>
 #include <memory>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct DeviceState {
     AnalogValues analogInputs;

@@ -2,8 +2,7 @@
 
 #include "Outputs.h"
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 DigitalOutputArray::DigitalOutputArray() = default;
 

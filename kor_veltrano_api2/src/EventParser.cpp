@@ -6,11 +6,9 @@
 
 #include <array>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 Event analogValues(Params& params)
 {
@@ -93,24 +91,24 @@ Event chargerError(Params& params)
 
 Event controllerRecord(Params& params)
 {
-    return ControllerRecord{params.base64(QStringLiteral("data"))};
+    return ControllerRecord{params.base64(QStringLiteral("data")).toStdString()};
 }
 
 Event festoolRecord(Params& params)
 {
-    return FestoolRecord{params.base64(QStringLiteral("data"))};
+    return FestoolRecord{params.base64(QStringLiteral("data")).toStdString()};
 }
 
 Event cameraImage(Params& params)
 {
-    const QByteArray format = params.text(QStringLiteral("format"));
+    const std::string format = params.text(QStringLiteral("format"));
     if (format != "jpeg" && format != "raw") {
         params.reject();
     }
     return CameraImage{format == "jpeg", params.natural(QStringLiteral("width")),
                        params.natural(QStringLiteral("height")),
                        params.natural(QStringLiteral("step")),
-                       params.base64(QStringLiteral("data"))};
+                       std::make_shared<const QByteArray>(params.base64(QStringLiteral("data")))};
 }
 
 Event scan(Params& params)

@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 // Nothing where the method is unknown or where any member of params is missing, of a wrong type or
 // out of range. Any thread.

@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 bool isOfConnection(const Event& event)
 {

@@ -12,8 +12,7 @@
 #include <deque>
 #include <optional>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 // An event, its place in the order of arrival, which grows from event to event, and the handle of
 // the Com whose connection brought it.

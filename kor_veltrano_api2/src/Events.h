@@ -1,7 +1,8 @@
 // Events: everything the robot reports, as plain values.
 //
 // The socket's thread makes them of received messages; the hub keeps the last of each and queues
-// them for delivery. A value's defaults are what a getter answers before the first event.
+// them for delivery. A value's defaults are what a getter answers before the first event. Text and
+// bytes are no QByteArrays, whose sharing between threads the thread sanitizer takes for a race.
 #pragma once
 
 #include "kor/veltrano/api2/LaserRangeFinderReadings.h"
@@ -10,10 +11,10 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <variant>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 constexpr unsigned int analogInputCount = 8;
 constexpr unsigned int digitalInputCount = 8;
@@ -55,7 +56,7 @@ struct PowerReadings {
     float current = 0;
     bool extPower = false;
     int numChargers = 0;
-    QByteArray batteryType;
+    std::string batteryType;
     bool batteryLow = false;
     int batteryLowShutdownCounter = 0;
 };
@@ -68,7 +69,7 @@ struct ChargerInfo {
     float bat1temp = 0;
     float bat2temp = 0;
     int stateNumber = 0;
-    QByteArray state;
+    std::string state;
 };
 
 struct ChargerVersion {
@@ -81,15 +82,15 @@ struct ChargerVersion {
 struct ChargerError {
     int chargerNumber = 0;
     unsigned int time = 0;
-    QByteArray message;
+    std::string message;
 };
 
 struct ControllerRecord {
-    QByteArray bytes;
+    std::string bytes;
 };
 
 struct FestoolRecord {
-    QByteArray bytes;
+    std::string bytes;
 };
 
 // The bytes are shared by all copies, so that handing an image on costs nothing.
@@ -98,7 +99,8 @@ struct CameraImage {
     unsigned int width = 0;
     unsigned int height = 0;
     unsigned int step = 0;
-    QByteArray bytes;
+    // Null only before any image.
+    std::shared_ptr<const QByteArray> bytes;
 };
 
 struct Scan {

@@ -7,16 +7,14 @@
 
 #include <netdb.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct HostLookup::Shared {
     std::mutex mutex;
     std::optional<std::vector<Endpoint>> result;
 };
 
-namespace
-{
+namespace {
 
 std::vector<Endpoint> resolve(const Address& address, int flags)
 {
@@ -25,8 +23,8 @@ std::vector<Endpoint> resolve(const Address& address, int flags)
     hints.ai_socktype = SOCK_STREAM;
     hints.ai_flags = flags | AI_NUMERICSERV;
     addrinfo* first = nullptr;
-    const QByteArray port = QByteArray::number(address.port);
-    if (::getaddrinfo(address.host.constData(), port.constData(), &hints, &first) != 0) {
+    const std::string port = std::to_string(address.port);
+    if (::getaddrinfo(address.host.c_str(), port.c_str(), &hints, &first) != 0) {
         return {};
     }
     std::vector<Endpoint> result;

@@ -14,8 +14,7 @@
 
 #include <sys/socket.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct Endpoint {
     sockaddr_storage address{};

@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 void Hub::sendCommand(const QString& method, const QJsonObject& params)
 {
@@ -154,7 +153,7 @@ void Hub::receive(std::uint64_t request, Event event)
     enqueue(std::move(event));
 }
 
-QByteArray Hub::takeCommands()
+std::string Hub::takeCommands()
 {
     const std::lock_guard lock(mutex);
     return outbox.take();

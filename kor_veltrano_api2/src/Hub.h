@@ -13,16 +13,15 @@
 #include "Subscription.h"
 #include "Wakeup.h"
 
-#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 
 #include <cstdint>
 #include <mutex>
 #include <optional>
+#include <string>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class Hub
 {
@@ -72,7 +71,7 @@ public:
     // Keeps and queues an event of the request's connection while that is up.
     void receive(std::uint64_t request, Event event);
     // The commands to be sent on the connection of the request that came up last.
-    QByteArray takeCommands();
+    std::string takeCommands();
 
 private:
     void end();

@@ -1,7 +1,6 @@
 #include "Library.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 Library& library()
 {

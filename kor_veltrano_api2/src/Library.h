@@ -9,8 +9,7 @@
 #include "Roster.h"
 #include "Wakeup.h"
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct Library {
     Wakeup wakeup;

@@ -6,8 +6,7 @@
 
 #include <pthread.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 int Link::addCom()
 {
@@ -25,7 +24,7 @@ void Link::removeCom(int com)
     }
 }
 
-void Link::setAddress(int com, const QByteArray& address)
+void Link::setAddress(int com, const std::string& address)
 {
     const std::lock_guard lock(mutex);
     settings[com].address = address;

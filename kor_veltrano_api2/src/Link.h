@@ -9,16 +9,14 @@
 #include "Hub.h"
 #include "Wakeup.h"
 
-#include <QByteArray>
-
 #include <condition_variable>
 #include <cstdint>
 #include <map>
 #include <mutex>
+#include <string>
 #include <thread>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 // What the socket's thread has to do.
 struct Job {
@@ -26,7 +24,7 @@ struct Job {
     // The Com to connect for, or 0 for none, and the number of its request.
     int com = 0;
     std::uint64_t request = 0;
-    QByteArray address;
+    std::string address;
     bool reconnects = false;
 };
 
@@ -40,7 +38,7 @@ public:
     int addCom();
     // Ends the connection where it is this Com's.
     void removeCom(int com);
-    void setAddress(int com, const QByteArray& address);
+    void setAddress(int com, const std::string& address);
     void setAutoReconnectEnabled(int com, bool enable);
     // Starts the thread where needed and makes a new request. With isBlocking it returns when the
     // request's first attempt has ended, or the request.
@@ -58,7 +56,7 @@ public:
 
 private:
     struct Settings {
-        QByteArray address;
+        std::string address;
         bool reconnects = false;
     };
 

@@ -4,8 +4,7 @@
 
 #include <cmath>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 // The drive sends no event over this connection, so its objects need not be known.
 OmniDrive::OmniDrive() = default;

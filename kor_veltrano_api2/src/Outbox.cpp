@@ -2,8 +2,7 @@
 
 #include <utility>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 void Outbox::start()
 {
@@ -13,20 +12,21 @@ void Outbox::start()
 
 bool Outbox::add(const QByteArray& line)
 {
-    if (open && line.size() > maxBytes - lines.size()) {
+    const auto size = static_cast<std::size_t>(line.size());
+    if (open && size > maxBytes - lines.size()) {
         open = false;
         lines.clear();
     }
     if (!open) {
         return false;
     }
-    lines += line;
+    lines.append(line.constData(), size);
     return true;
 }
 
-QByteArray Outbox::take()
+std::string Outbox::take()
 {
-    return std::exchange(lines, QByteArray());
+    return std::exchange(lines, std::string());
 }
 
 } // namespace kor::veltrano::api2::detail

@@ -7,14 +7,15 @@
 
 #include <QByteArray>
 
-namespace kor::veltrano::api2::detail
-{
+#include <string>
+
+namespace kor::veltrano::api2::detail {
 
 class Outbox
 {
 public:
     // More than this waits only if the server does not read: the connection must end.
-    static constexpr int maxBytes = 1024 * 1024;
+    static constexpr std::size_t maxBytes = 1024 * 1024;
 
     bool isOpen() const { return open; }
     // Empty and open for lines of a new connection.
@@ -24,10 +25,12 @@ public:
     // True where the line was taken. One that does not fit closes the outbox.
     bool add(const QByteArray& line);
     // The waiting lines, in the order of adding.
-    QByteArray take();
+    std::string take();
 
 private:
-    QByteArray lines;
+    // No QByteArray, whose sharing between the callers' threads the thread sanitizer takes for a
+    // race.
+    std::string lines;
     bool open = false;
 };
 

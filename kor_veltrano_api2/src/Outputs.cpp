@@ -4,8 +4,7 @@
 
 #include <QJsonArray>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 void sendOutputs(const QString& method, const int* values, unsigned int count)
 {

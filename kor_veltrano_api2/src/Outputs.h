@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 // Sends count values as 0 or 1. Dropped while the connection is down. Any thread.
 void sendOutputs(const QString& method, const int* values, unsigned int count);

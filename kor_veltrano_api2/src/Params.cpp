@@ -5,11 +5,9 @@
 #include <cmath>
 #include <limits>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 std::optional<float> realOf(const QJsonValue& value)
 {
@@ -71,18 +69,19 @@ unsigned int Params::natural(const QString& name)
     return require(integerOf<unsigned int>(object.value(name)));
 }
 
-QByteArray Params::text(const QString& name)
+std::string Params::text(const QString& name)
 {
     const QJsonValue value = object.value(name);
     fit = fit && value.isString();
-    return value.toString().toUtf8();
+    return value.toString().toStdString();
 }
 
 QByteArray Params::base64(const QString& name)
 {
-    const QByteArray encoded = text(name);
+    const QJsonValue value = object.value(name);
+    const QByteArray encoded = value.toString().toUtf8();
     // Qt accepts a text whose padding is missing; the protocol's Base64 has it.
-    fit = fit && encoded.size() % 4 == 0;
+    fit = fit && value.isString() && encoded.size() % 4 == 0;
     if (!fit) {
         return {};
     }

@@ -12,10 +12,10 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class Params
 {
@@ -33,7 +33,7 @@ public:
     int integer(const QString& name);
     unsigned int natural(const QString& name);
     // UTF-8.
-    QByteArray text(const QString& name);
+    std::string text(const QString& name);
     // The bytes of a Base64 text with its padding.
     QByteArray base64(const QString& name);
     std::vector<float> reals(const QString& name);

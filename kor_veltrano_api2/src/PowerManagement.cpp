@@ -3,11 +3,9 @@
 #include "Library.h"
 #include "Text.h"
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
-namespace
-{
+namespace {
 
 // What the given member of the last readings holds.
 template<class Value>

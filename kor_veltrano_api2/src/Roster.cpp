@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 Roster::Round::Round(Roster& objects) : roster(objects)
 {

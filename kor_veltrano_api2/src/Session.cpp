@@ -6,11 +6,9 @@
 
 #include <poll.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 constexpr int protocol = 1;
 constexpr int helloId = 1;
@@ -119,7 +117,7 @@ bool Session::handleAnswer(const rpc::Message& answer)
 void Session::collectCommands()
 {
     if (isUp) {
-        unsent += hub.takeCommands();
+        unsent.append(hub.takeCommands().c_str());
     }
 }
 

@@ -16,8 +16,7 @@
 
 #include <QByteArray>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class Session
 {

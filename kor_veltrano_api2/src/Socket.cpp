@@ -8,11 +8,9 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 // Commands are small: more than this waiting inside the kernel would only be late.
 constexpr int sendBufferBytes = 64 * 1024;

@@ -7,8 +7,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class Socket
 {

@@ -4,11 +4,9 @@
 
 #include <poll.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 constexpr std::chrono::seconds retryPause(1);
 constexpr std::chrono::seconds connectLimit(5);
@@ -36,7 +34,7 @@ void SocketThread::run()
 
 void SocketThread::attempt(const Job& job)
 {
-    const std::optional<Address> address = parseAddress(job.address);
+    const std::optional<Address> address = parseAddress(QByteArray::fromStdString(job.address));
     if (!address) {
         return;
     }

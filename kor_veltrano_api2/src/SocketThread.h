@@ -14,8 +14,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 class SocketThread
 {

@@ -11,8 +11,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 struct Binding {
     // The handle of a Com, or 0 while detached.

@@ -8,11 +8,9 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
-namespace
-{
+namespace {
 
 // Rounded up, so that the deadline has passed when the wait is over.
 int pollTimeoutMs(Clock::time_point deadline)

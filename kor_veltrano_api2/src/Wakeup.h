@@ -3,8 +3,7 @@
 
 #include <chrono>
 
-namespace kor::veltrano::api2::detail
-{
+namespace kor::veltrano::api2::detail {
 
 using Clock = std::chrono::steady_clock;
 

@@ -4,8 +4,7 @@
 
 using kor::veltrano::api2::detail::parseAddress;
 
-namespace
-{
+namespace {
 
 struct Row {
     const char* text;

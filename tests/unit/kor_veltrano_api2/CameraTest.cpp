@@ -6,8 +6,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 struct LoggingCamera : Camera {
     using Camera::Camera;

@@ -4,8 +4,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 using Events = std::vector<std::string>;
 

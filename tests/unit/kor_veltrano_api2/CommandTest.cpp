@@ -13,8 +13,7 @@
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 class CommandTest : public ConnectedTest
 {

@@ -7,8 +7,7 @@
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 using Clock = std::chrono::steady_clock;
 using Events = std::vector<std::string>;

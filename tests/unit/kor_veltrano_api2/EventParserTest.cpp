@@ -12,8 +12,7 @@
 
 using namespace kor::veltrano::api2::detail;
 
-namespace
-{
+namespace {
 
 QJsonObject jsonOf(const char* text)
 {
@@ -229,7 +228,7 @@ TEST(EventParser, DecodesBase64)
 {
     const char* method = "controllerInfo.infoChanged";
     EXPECT_EQ(parsed<ControllerRecord>(method, R"({"data":"AAEC"})").bytes,
-              QByteArray("\0\1\2", 3));
+              std::string("\0\1\2", 3));
     EXPECT_EQ(parsed<ControllerRecord>(method, R"({"data":"+/8="})").bytes, "\xfb\xff");
     EXPECT_EQ(parsed<ControllerRecord>(method, R"({"data":"eA=="})").bytes, "x");
     EXPECT_EQ(parsed<ControllerRecord>(method, R"({"data":""})").bytes, "");
@@ -243,7 +242,7 @@ TEST(EventParser, TakesBothImageFormatsAndNoOther)
     EXPECT_EQ(jpeg.width, 640U);
     EXPECT_EQ(jpeg.height, 480U);
     EXPECT_EQ(jpeg.step, 1920U);
-    EXPECT_EQ(jpeg.bytes, "\xff\xd8\xff");
+    EXPECT_EQ(*jpeg.bytes, "\xff\xd8\xff");
     const auto raw = parsed<CameraImage>(
         method, R"({"format":"raw","width":2,"height":1,"step":2,"data":"AAA="})");
     EXPECT_FALSE(raw.isJpeg);

@@ -9,8 +9,7 @@
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 constexpr int limit = kor::veltrano::rpc::LineReader::maxLineBytes;
 

@@ -14,8 +14,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 TEST(InitialValues, SensorsAnswerZerosAndFalse)
 {

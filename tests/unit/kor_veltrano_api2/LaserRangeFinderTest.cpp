@@ -4,8 +4,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 struct LoggingScanner : LaserRangeFinder {
     using LaserRangeFinder::LaserRangeFinder;

@@ -8,8 +8,7 @@
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 using Events = std::vector<std::string>;
 

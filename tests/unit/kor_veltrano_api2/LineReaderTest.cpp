@@ -6,8 +6,7 @@
 
 using kor::veltrano::rpc::LineReader;
 
-namespace
-{
+namespace {
 
 std::vector<QByteArray> linesOf(LineReader* reader, const QByteArray& bytes)
 {

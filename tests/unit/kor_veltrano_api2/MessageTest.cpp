@@ -10,8 +10,7 @@
 
 using namespace kor::veltrano::rpc;
 
-namespace
-{
+namespace {
 
 QJsonObject objectOf(const QByteArray& line)
 {

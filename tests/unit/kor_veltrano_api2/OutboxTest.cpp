@@ -4,14 +4,13 @@
 
 using kor::veltrano::api2::detail::Outbox;
 
-namespace
-{
+namespace {
 
 TEST(Outbox, TakesNothingBeforeAConnectionStarts)
 {
     Outbox outbox;
     EXPECT_FALSE(outbox.add("early\n"));
-    EXPECT_TRUE(outbox.take().isEmpty());
+    EXPECT_TRUE(outbox.take().empty());
 }
 
 TEST(Outbox, GivesLinesInOrderAndOnce)
@@ -21,7 +20,7 @@ TEST(Outbox, GivesLinesInOrderAndOnce)
     EXPECT_TRUE(outbox.add("one\n"));
     EXPECT_TRUE(outbox.add("two\n"));
     EXPECT_EQ(outbox.take(), "one\ntwo\n");
-    EXPECT_TRUE(outbox.take().isEmpty());
+    EXPECT_TRUE(outbox.take().empty());
 }
 
 TEST(Outbox, DropsWhatIsAddedAfterTheEndButStillGivesWhatCameBefore)
@@ -41,18 +40,18 @@ TEST(Outbox, ForgetsTheLinesOfTheConnectionBefore)
     outbox.add("old\n");
     outbox.close();
     outbox.start();
-    EXPECT_TRUE(outbox.take().isEmpty());
+    EXPECT_TRUE(outbox.take().empty());
 }
 
 TEST(Outbox, ClosesWhenALineExceedsItsLimit)
 {
     Outbox outbox;
     outbox.start();
-    EXPECT_TRUE(outbox.add(QByteArray(Outbox::maxBytes, 'x')));
+    EXPECT_TRUE(outbox.add(QByteArray(static_cast<int>(Outbox::maxBytes), 'x')));
     EXPECT_TRUE(outbox.isOpen());
     EXPECT_FALSE(outbox.add("x"));
     EXPECT_FALSE(outbox.isOpen());
-    EXPECT_TRUE(outbox.take().isEmpty());
+    EXPECT_TRUE(outbox.take().empty());
 }
 
 } // namespace

@@ -9,8 +9,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 class ProcessExitTest : public testing::Test
 {

@@ -8,8 +8,7 @@
 
 using kor::veltrano::api2::detail::Roster;
 
-namespace
-{
+namespace {
 
 struct Sensor {
     std::string name;

@@ -14,8 +14,7 @@
 
 namespace rpc = kor::veltrano::rpc;
 
-namespace
-{
+namespace {
 
 constexpr std::chrono::seconds patience(20);
 

@@ -3,8 +3,7 @@
 
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 using Clock = std::chrono::steady_clock;
 using Events = std::vector<std::string>;

@@ -7,8 +7,7 @@
 
 using namespace kor::veltrano::api2;
 
-namespace
-{
+namespace {
 
 class SubscriptionTest : public ConnectedTest
 {

@@ -17,8 +17,7 @@
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 // A robot that sends events as fast as they are taken until it is stopped, and takes the connection
 // away now and then.
