@@ -243,15 +243,15 @@ class Daemon:
         if exit_code != self.expected_exit_code:
             found.append(f"exit code {exit_code}")
         if stray := stray_errors(self.stderr().decode("latin-1")):
-            found.append(f"unexpected text on the error stream: {stray[:20000]}")
+            found.append(f"unexpected text on the error stream: {stray[:4000]}")
         lines = failures(self.log())
         # The console repeats the log without breaks between messages, so only the counts compare.
         if len(failure_marks(self.stdout().decode("latin-1"))) > len(failure_marks(self.log())):
-            found.append(f"failures on standard output alone: {self.stdout()[:20000]!r}")
+            found.append(f"failures on standard output alone: {self.stdout()[:4000]!r}")
         for line in lines:
             if not any(text in line for text in [*self._announced, *self._tolerated]):
                 found.append(f"unannounced line: {line[:1000]}")
         for text in self._announced:
             if not any(text in line for line in lines):
                 found.append(f"announced, but it never came: {text}")
-        return found
+        return [f"{self.folder.name}: {complaint}" for complaint in found]
