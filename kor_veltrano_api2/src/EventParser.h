@@ -10,8 +10,8 @@
 
 namespace kor::veltrano::api2::detail {
 
-// Nothing where the method is unknown or where any member of params is missing, of a wrong type or
+// Nothing where the method is unknown or where any member is missing, of a wrong type or
 // out of range. Any thread.
-std::optional<Event> parseEvent(const QString& method, const QJsonObject& params);
+std::optional<Event> parseEvent(const QString& method, const QJsonObject& members);
 
 } // namespace kor::veltrano::api2::detail

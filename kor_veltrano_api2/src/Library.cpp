@@ -4,7 +4,7 @@ namespace kor::veltrano::api2::detail {
 
 Library& library()
 {
-    static Library* const instance = new Library;
+    static auto* const instance = new Library;
     return *instance;
 }
 

@@ -48,11 +48,11 @@ public:
     // The same at the process's end, when no thread may be started again.
     void shutdownForGood();
 
-    // For the socket's thread.
+    // For the socket's thread, which tells a request by its number.
     Job job() const;
-    bool isCurrent(std::uint64_t request) const;
+    bool isCurrent(std::uint64_t number) const;
     // The request's connection is up, or an attempt has failed.
-    void attemptDecided(std::uint64_t request);
+    void attemptDecided(std::uint64_t number);
 
 private:
     struct Settings {

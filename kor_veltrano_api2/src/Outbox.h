@@ -15,7 +15,7 @@ class Outbox
 {
 public:
     // More than this waits only if the server does not read: the connection must end.
-    static constexpr std::size_t maxBytes = 1024 * 1024;
+    static constexpr std::size_t maxBytes = std::size_t(1024) * 1024;
 
     bool isOpen() const { return open; }
     // Empty and open for lines of a new connection.

@@ -108,8 +108,9 @@ std::vector<int> Params::integers(const QString& name)
 {
     const QJsonValue value = object.value(name);
     fit = fit && value.isArray();
+    const QJsonArray array = value.toArray();
     std::vector<int> result;
-    for (const QJsonValue& entry : value.toArray()) {
+    for (const QJsonValue& entry : array) {
         result.push_back(require(integerOf<int>(entry)));
     }
     return result;

@@ -23,7 +23,8 @@ bool isTransient(int error)
 } // namespace
 
 Socket::Socket(const Endpoint& endpoint)
-    : fd(::socket(endpoint.address.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
+    : fd(::socket(endpoint.address.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)),
+      received(readBytes)
 {
     const int on = 1;
     ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
@@ -51,13 +52,11 @@ bool Socket::isConnected() const
 
 std::optional<QByteArray> Socket::read()
 {
-    QByteArray bytes(readBytes, Qt::Uninitialized);
-    const ssize_t count = ::recv(fd, bytes.data(), readBytes, 0);
+    const ssize_t count = ::recv(fd, received.data(), received.size(), 0);
     if (count == 0 || (count < 0 && !isTransient(errno))) {
         return std::nullopt;
     }
-    bytes.truncate(count < 0 ? 0 : static_cast<int>(count));
-    return bytes;
+    return QByteArray(received.data(), count < 0 ? 0 : static_cast<int>(count));
 }
 
 bool Socket::write(QByteArray* bytes)

@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <optional>
+#include <vector>
 
 namespace kor::veltrano::api2::detail {
 
@@ -37,6 +38,7 @@ private:
     static constexpr int readBytes = 64 * 1024;
 
     int fd;
+    std::vector<char> received;
 };
 
 } // namespace kor::veltrano::api2::detail

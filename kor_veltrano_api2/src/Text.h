@@ -10,7 +10,7 @@ namespace kor::veltrano::api2::detail {
 template<class Getter>
 const char* keptForThread(const std::string& text)
 {
-    thread_local std::string kept;
+    static thread_local std::string kept;
     kept = text;
     return kept.c_str();
 }

@@ -17,7 +17,7 @@ namespace {
 QJsonObject jsonOf(const char* text)
 {
     QJsonParseError error{};
-    const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
+    QJsonObject object = QJsonDocument::fromJson(text, &error).object();
     EXPECT_EQ(error.error, QJsonParseError::NoError) << text;
     return object;
 }

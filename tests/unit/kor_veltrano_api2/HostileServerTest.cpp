@@ -59,7 +59,7 @@ TEST_F(HostileServerTest, GarbageInPlaceOfTheOpeningAnswerEndsTheAttempt)
 TEST_F(HostileServerTest, HalfALineAtTheEndIsForgottenWithItsConnection)
 {
     ScriptedPeer peer = connect();
-    peer.sendRaw("{\"jsonrpc\":\"2.0\",\"method\":\"bumper.chan");
+    peer.sendRaw(R"({"jsonrpc":"2.0","method":"bumper.chan)");
     peer.close();
     EXPECT_EQ(connect().sync(), QStringList());
 }

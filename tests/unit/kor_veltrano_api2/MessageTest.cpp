@@ -115,8 +115,8 @@ TEST(Message, TakesAMemberOfAWrongTypeForMissing)
 TEST(Message, RefusesALineThatIsNoJsonObject)
 {
     for (const char* line :
-         {"", " ", "\r", "hello", "[]", "[{}]", "1", "null", "\"text\"", "{", "{\"a\":1",
-          "{\"a\":1}x", "{\"a\":1}{\"a\":1}", "{a:1}", "{\"a\":\"\xff\"}"}) {
+         {"", " ", "\r", "hello", "[]", "[{}]", "1", "null", R"("text")", "{", R"({"a":1)",
+          R"({"a":1}x)", R"({"a":1}{"a":1})", "{a:1}", "{\"a\":\"\xff\"}"}) {
         EXPECT_FALSE(parseMessage(line)) << line;
     }
 }

@@ -44,7 +44,7 @@ public:
 // a test before has left undelivered are gone.
 class ConnectedTest : public testing::Test
 {
-protected:
+public:
     ConnectedTest()
     {
         com.setAddress(server.address().constData());
@@ -52,6 +52,7 @@ protected:
     }
     ~ConnectedTest() override { kor::veltrano::api2::shutdown(); }
 
+protected:
     // Connects and gives the server's end, with the opening request answered and handled.
     ScriptedPeer connect()
     {

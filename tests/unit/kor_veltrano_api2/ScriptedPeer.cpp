@@ -51,7 +51,7 @@ QJsonObject ScriptedPeer::readMessage()
 QJsonObject ScriptedPeer::readCommand()
 {
     for (;;) {
-        const QJsonObject message = readMessage();
+        QJsonObject message = readMessage();
         if (message["method"] != "ping") {
             return message;
         }
@@ -97,7 +97,7 @@ void ScriptedPeer::notify(const QString& method, const QJsonObject& params)
 void ScriptedPeer::notify(const QString& method, const char* params)
 {
     const QByteArray oneLine = QByteArray(params).replace('\n', ' ');
-    sendRaw("{\"jsonrpc\":\"2.0\",\"method\":\"" + method.toUtf8() + "\",\"params\":" + oneLine
+    sendRaw(R"({"jsonrpc":"2.0","method":")" + method.toUtf8() + R"(","params":)" + oneLine
             + "}\n");
 }
 

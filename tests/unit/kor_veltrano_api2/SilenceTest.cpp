@@ -20,7 +20,7 @@ TEST_F(SilenceTest, ServerThatNeverAnswersHelloIsLeftAfterFiveSecondsAndTriedAga
     const Clock::time_point start = Clock::now();
     peer.readMessage();
     // What is sent instead of the answer does not prolong the wait.
-    while (peer.isEndedWithin(500ms) == false && Clock::now() - start < 10s) {
+    while (!peer.isEndedWithin(500ms) && Clock::now() - start < 10s) {
         peer.notify("bumper.changed", R"({"value":false})");
     }
     EXPECT_GE(Clock::now() - start, 4500ms);

@@ -141,9 +141,9 @@ TEST_F(ThreadsTest, GettersSettersAndObjectsOnFourThreadsWhileEventsStream)
     ASSERT_TRUE(com.processUntil([this] { return !com.events.empty(); }));
 
     std::atomic<bool> isOver = false;
-    std::vector<std::thread> threads;
+    std::vector<std::thread> threads(4);
     for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([this, &isOver] {
+        threads.at(static_cast<std::size_t>(i)) = std::thread([this, &isOver] {
             Camera camera(com.id());
             camera.setJPGDecodingEnabled(false);
             while (!isOver) {
@@ -164,9 +164,9 @@ TEST_F(ThreadsTest, GettersSettersAndObjectsOnFourThreadsWhileEventsStream)
 TEST_F(ThreadsTest, ConnectionsAndShutdownsOnSeveralThreads)
 {
     const StreamingRobot robot(&server);
-    std::vector<std::thread> threads;
+    std::vector<std::thread> threads(4);
     for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([this, i] {
+        threads.at(static_cast<std::size_t>(i)) = std::thread([this, i] {
             RecordingCom own;
             own.setAddress(server.address().constData());
             for (int round = 0; round < 20; ++round) {
