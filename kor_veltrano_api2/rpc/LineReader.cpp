@@ -1,7 +1,6 @@
 #include "LineReader.h"
 
-namespace kor::veltrano::rpc
-{
+namespace kor::veltrano::rpc {
 
 void LineReader::append(const QByteArray& bytes)
 {

@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::rpc
-{
+namespace kor::veltrano::rpc {
 
 class LineReader
 {

@@ -2,11 +2,9 @@
 
 #include <QJsonDocument>
 
-namespace kor::veltrano::rpc
-{
+namespace kor::veltrano::rpc {
 
-namespace
-{
+namespace {
 
 QByteArray line(QJsonObject message)
 {

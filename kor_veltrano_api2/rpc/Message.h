@@ -10,8 +10,7 @@
 
 #include <optional>
 
-namespace kor::veltrano::rpc
-{
+namespace kor::veltrano::rpc {
 
 // JSON-RPC's error code for a request whose method nobody knows.
 constexpr int methodNotFound = -32601;

@@ -1,8 +1,7 @@
 // AnalogInputArray: the robot's analog inputs, in volts.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class AnalogInputArray
 {

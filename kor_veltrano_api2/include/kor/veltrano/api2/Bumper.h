@@ -1,8 +1,7 @@
 // Bumper: the contact strip around the robot.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class Bumper
 {

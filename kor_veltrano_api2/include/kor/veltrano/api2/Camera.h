@@ -8,13 +8,11 @@
 
 #include <memory>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class CameraCapabilities;
 
-namespace detail
-{
+namespace detail {
 class Delivery;
 struct CameraSlot;
 } // namespace detail
@@ -44,14 +42,15 @@ public:
     ComId comId() const;
 
     // With false, a JPEG image is handed out as the bytes that arrived. Decoding is not offered by
-    // this library: with true, a JPEG image gives 0, 0, 0.
+    // this library: with true, which is the initial setting, a JPEG image gives 0, 0, 0.
     void setJPGDecodingEnabled(bool enable);
     // True from an image's arrival until getImage() has been called; sequence, which may be null,
-    // gets the number of images received so far.
+    // gets the number of images that this object has received so far.
     bool isNewImageAvailable(unsigned int* sequence) const;
     // Copies the newest image into the dataSize bytes at *data. Gives 0, 0 and the number of bytes
-    // copied for a JPEG image; width, height and 0 for a raw one; 0, 0, 0 where there is no image
-    // or where the JPEG is empty or larger than the buffer. True where bytes were copied.
+    // copied for a JPEG image; width, height and 0 for a raw one, whose bytes are copied where they
+    // fit; 0, 0, 0 where there is no image or where the JPEG is empty or larger than the buffer.
+    // The image is gone then, whatever was given. True where bytes were copied.
     bool getImage(unsigned char** data, unsigned int dataSize, unsigned int* first,
                   unsigned int* second, unsigned int* third);
 

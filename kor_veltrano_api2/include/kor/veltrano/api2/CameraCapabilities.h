@@ -1,8 +1,7 @@
 // CameraCapabilities: what a camera can do. Nothing of it travels over this connection.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class CameraCapabilities
 {

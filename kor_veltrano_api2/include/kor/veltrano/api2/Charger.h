@@ -4,8 +4,7 @@
 
 #include <atomic>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class Charger
 {

@@ -4,8 +4,7 @@
 // Handles are equal when their numbers are.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class ComId
 {

@@ -1,8 +1,7 @@
 // ControllerInfo: the information record of the robot's controller.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class ControllerInfo
 {

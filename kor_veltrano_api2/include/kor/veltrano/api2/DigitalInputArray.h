@@ -1,8 +1,7 @@
 // DigitalInputArray: the robot's digital inputs.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class DigitalInputArray
 {

@@ -1,8 +1,7 @@
 // DigitalOutputArray: the robot's digital outputs. They can be set but not read back.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class DigitalOutputArray
 {

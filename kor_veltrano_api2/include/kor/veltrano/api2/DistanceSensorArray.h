@@ -1,8 +1,7 @@
 // DistanceSensorArray: the nine distance sensors around the robot, 40 degrees apart.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class DistanceSensorArray
 {

@@ -1,8 +1,7 @@
 // FestoolCharger: the information record of the battery pack's charger.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class FestoolCharger
 {

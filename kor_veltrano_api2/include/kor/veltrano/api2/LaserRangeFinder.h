@@ -8,11 +8,9 @@
 
 #include <memory>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
-namespace detail
-{
+namespace detail {
 class Delivery;
 struct Binding;
 } // namespace detail

@@ -3,8 +3,7 @@
 
 #include <vector>
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class LaserRangeFinderReadings
 {

@@ -1,8 +1,7 @@
 // Odometry: the robot's pose and speed, reckoned from its wheels.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class Odometry
 {

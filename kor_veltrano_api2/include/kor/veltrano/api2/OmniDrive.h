@@ -1,8 +1,7 @@
 // OmniDrive: the omnidirectional drive.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class OmniDrive
 {

@@ -1,8 +1,7 @@
 // PowerManagement: the robot's supply and battery. Getters answer on any thread.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class PowerManagement
 {

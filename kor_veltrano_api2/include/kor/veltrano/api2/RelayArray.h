@@ -1,8 +1,7 @@
 // RelayArray: the robot's relays. They can be set but not read back.
 #pragma once
 
-namespace kor::veltrano::api2
-{
+namespace kor::veltrano::api2 {
 
 class RelayArray
 {
