@@ -40,7 +40,7 @@ std::vector<double> AnalogInputs::values() const
     if (held) {
         return *held;
     }
-    const quint64 measurement = static_cast<quint64>(timeS / measurementS + 1e-6);
+    const auto measurement = static_cast<quint64>(timeS / measurementS + 1e-6);
     quint64 draw = 1000 + measurement * count;
     std::vector<double> result;
     for (const Wave& wave : waves) {

@@ -16,7 +16,7 @@ class AnalogInputs : public Device
 public:
     static constexpr int count = 8;
 
-    explicit AnalogInputs(quint64 seed);
+    explicit AnalogInputs(quint64 number);
 
     // In V, from 0 to 10 unless held.
     std::vector<double> values() const;

@@ -13,9 +13,9 @@ namespace {
 constexpr double capacityAs = 20.0 * 3600;
 constexpr double lowLevel = 0.15;
 constexpr double lowReserveS = 60;
-constexpr QLatin1String batteryKey("battery");
-constexpr QLatin1String chargeKey("charge");
-constexpr QLatin1String fedKey("externalPower");
+const QLatin1String batteryKey("battery");
+const QLatin1String chargeKey("charge");
+const QLatin1String fedKey("externalPower");
 
 } // namespace
 

@@ -14,7 +14,7 @@ class Battery : public Device
 {
 public:
     // The robot must outlive the battery.
-    explicit Battery(const Robot& robot);
+    explicit Battery(const Robot& consumer);
 
     // From 0, empty, to 1.
     double charge() const { return level; }

@@ -4,8 +4,8 @@
 
 namespace kor::veltrano::sim {
 
-Bumper::Bumper(const Robot& moving)
-    : Device({QStringLiteral("bumper")}), robot(moving), last(moving.isTouching())
+Bumper::Bumper(const Robot& carrier)
+    : Device({QStringLiteral("bumper")}), robot(carrier), last(carrier.isTouching())
 {
 }
 

@@ -13,7 +13,7 @@ class Bumper : public Device
 {
 public:
     // The robot must outlive the bumper.
-    explicit Bumper(const Robot& robot);
+    explicit Bumper(const Robot& carrier);
 
     bool value() const;
 

@@ -6,8 +6,8 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr QLatin1String textKey("text");
-constexpr QLatin1String base64Key("base64");
+const QLatin1String textKey("text");
+const QLatin1String base64Key("base64");
 
 } // namespace
 

@@ -9,8 +9,8 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr QLatin1String versionKey("version");
-constexpr QLatin1String errorKey("error");
+const QLatin1String versionKey("version");
+const QLatin1String errorKey("error");
 const double ambientC = 24;
 const double warmUpS = 300;
 

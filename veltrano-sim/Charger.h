@@ -14,8 +14,8 @@ class Battery;
 class Charger : public HeldReadings
 {
 public:
-    // number is 0 or 1. The battery must outlive the charger.
-    Charger(const Battery& battery, int number);
+    // index is 0 or 1. The battery must outlive the charger.
+    Charger(const Battery& filled, int index);
 
     std::vector<Event> state() const override;
     QJsonObject show() const override;

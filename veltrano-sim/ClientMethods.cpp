@@ -14,8 +14,8 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr qint64 longestDropMs = 3600 * 1000;
-constexpr qint64 longestDelayMs = 60 * 1000;
+constexpr qint64 longestDropMs = 3'600'000;
+constexpr qint64 longestDelayMs = 60'000;
 // Below what a client's connection may leave unsent, so that the bytes do not end it.
 constexpr qint64 mostRawBytes = LineSocket::mostUnsentBytes * 3 / 4;
 

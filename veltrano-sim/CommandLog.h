@@ -15,7 +15,7 @@ class CommandLog
 {
 public:
     static constexpr std::size_t mostEntries = 10000;
-    static constexpr qint64 mostBytes = 4 * 1024 * 1024;
+    static constexpr qint64 mostBytes = Q_INT64_C(4) * 1024 * 1024;
 
     // Milliseconds of the machine's monotonic clock (CLOCK_MONOTONIC), with fractions.
     static double nowMs();

@@ -27,7 +27,7 @@ class ControlDoor : public QObject
 
 public:
     // Adds sim.quit to the methods, which must outlive the door.
-    explicit ControlDoor(ControlMethods& methods, QObject* parent = nullptr);
+    explicit ControlDoor(ControlMethods& table, QObject* parent = nullptr);
 
     // Opens the door; port 0 takes any free port. Gives the reason of a failure, else nothing.
     QString listen(const HostPort& where);

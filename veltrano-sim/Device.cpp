@@ -2,21 +2,21 @@
 
 namespace kor::veltrano::sim {
 
-Device::Device(const QStringList& keys, double period)
-    : stateKeys(keys), newsEveryS(period), untilNewsS(period)
+Device::Device(const QStringList& keys, double newsPeriodS)
+    : stateKeys(keys), periodS(newsPeriodS), untilNewsS(newsPeriodS)
 {
 }
 
 void Device::step(double dtS)
 {
     simulate(dtS);
-    if (newsEveryS <= 0) {
+    if (periodS <= 0) {
         return;
     }
     untilNewsS -= dtS;
     // The sum of many short steps misses the period by rounding.
     if (untilNewsS <= 1e-9) {
-        untilNewsS += newsEveryS;
+        untilNewsS += periodS;
         announce();
     }
 }

@@ -58,8 +58,8 @@ public:
     void release();
 
 protected:
-    // With a periodS above 0 there is news every so many seconds.
-    explicit Device(const QStringList& keys, double periodS = 0);
+    // With a newsPeriodS above 0 there is news every so many seconds.
+    explicit Device(const QStringList& keys, double newsPeriodS = 0);
 
     void announce() { newsWaiting = true; }
 
@@ -70,7 +70,7 @@ protected:
 
 private:
     const QStringList stateKeys;
-    const double newsEveryS;
+    const double periodS;
     double untilNewsS;
     bool newsWaiting = false;
 };

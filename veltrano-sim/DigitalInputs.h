@@ -16,7 +16,7 @@ public:
     static constexpr int count = 8;
 
     // The outputs must be as many as the inputs and must outlive them.
-    explicit DigitalInputs(const OutputArray& outputs);
+    explicit DigitalInputs(const OutputArray& wired);
 
     // The outputs' values, unless held.
     std::vector<int> values() const;

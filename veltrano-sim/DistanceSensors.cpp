@@ -12,8 +12,8 @@ namespace kor::veltrano::sim {
 namespace {
 
 constexpr double readingS = 0.1;
-constexpr QLatin1String distancesKey("distances");
-constexpr QLatin1String voltagesKey("distanceVoltages");
+const QLatin1String distancesKey("distances");
+const QLatin1String voltagesKey("distanceVoltages");
 
 } // namespace
 

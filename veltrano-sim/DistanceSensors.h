@@ -22,7 +22,7 @@ public:
     static constexpr double rangeLimitM = 0.4;
 
     // The world and the robot must outlive the sensors.
-    DistanceSensors(const World& world, const Robot& robot);
+    DistanceSensors(const World& surroundings, const Robot& carrier);
 
     // In m, from 0 to rangeLimitM unless held.
     std::vector<double> distances() const;

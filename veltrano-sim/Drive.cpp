@@ -17,6 +17,12 @@ Point shortened(Point vector, double limit)
 
 } // namespace
 
+bool Drive::reaches(const Velocity& velocity)
+{
+    return length({velocity.vx, velocity.vy}) <= maxSpeedMPerS
+        && std::abs(velocity.omega) <= maxOmegaRadPerS;
+}
+
 void Drive::step(double dtS)
 {
     const Point speed{current.vx, current.vy};

@@ -16,11 +16,15 @@ public:
     static constexpr double accelerationMPerS2 = 3;
     static constexpr double accelerationRadPerS2 = 12;
 
+    // True where the drive can go at this velocity.
+    static bool reaches(const Velocity& velocity);
+
     void command(const Velocity& velocity) { wanted = velocity; }
     // As commanded, also where the drive cannot reach it.
     const Velocity& commanded() const { return wanted; }
     const Velocity& velocity() const { return current; }
-    // Makes the drive turn at a velocity that comes from outside, as where a wall stops it.
+    // Makes the drive go at a velocity that it reaches and that comes from outside, as where a wall
+    // stops it.
     void force(const Velocity& velocity) { current = velocity; }
     // Changes the velocity for dtS seconds towards the commanded one.
     void step(double dtS);

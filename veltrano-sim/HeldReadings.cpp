@@ -6,9 +6,9 @@
 
 namespace kor::veltrano::sim {
 
-HeldReadings::HeldReadings(const QString& key, double period, const QStringList& wholeNumbers,
+HeldReadings::HeldReadings(const QString& key, double newsPeriodS, const QStringList& wholeNumbers,
                            const QStringList& largeWholeNumbers)
-    : Device({key}, period), integers(wholeNumbers), largeIntegers(largeWholeNumbers)
+    : Device({key}, newsPeriodS), integers(wholeNumbers), largeIntegers(largeWholeNumbers)
 {
 }
 

@@ -20,10 +20,10 @@ public:
     QJsonObject readings() const { return held ? *held : simulated(); }
 
 protected:
-    // integers names the readings that are whole numbers; those in largeIntegers go up to 2^32 - 1
+    // wholeNumbers names the readings that are such; those in largeWholeNumbers go up to 2^32 - 1
     // and not below 0.
-    HeldReadings(const QString& key, double periodS, const QStringList& integers,
-                 const QStringList& largeIntegers = {});
+    HeldReadings(const QString& key, double newsPeriodS, const QStringList& wholeNumbers,
+                 const QStringList& largeWholeNumbers = {});
 
     virtual QJsonObject simulated() const = 0;
     void unhold() override { held.reset(); }

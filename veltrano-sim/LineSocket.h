@@ -21,7 +21,7 @@ class LineSocket : public QObject
     Q_OBJECT
 
 public:
-    static constexpr qint64 mostUnsentBytes = 16 * 1024 * 1024;
+    static constexpr qint64 mostUnsentBytes = Q_INT64_C(16) * 1024 * 1024;
 
     // Takes the connected socket over.
     explicit LineSocket(QTcpSocket* connection, QObject* parent = nullptr);

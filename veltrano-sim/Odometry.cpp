@@ -11,9 +11,9 @@ constexpr double readingS = 0.04;
 
 } // namespace
 
-Odometry::Odometry(const Robot& moving)
+Odometry::Odometry(const Robot& tracked)
     : HeldReadings(QStringLiteral("odometry"), readingS, {QStringLiteral("sequence")}),
-      robot(moving),
+      robot(tracked),
       untilReadingS(readingS)
 {
 }

@@ -13,7 +13,7 @@ class Odometry : public HeldReadings
 {
 public:
     // The robot must outlive the odometry.
-    explicit Odometry(const Robot& robot);
+    explicit Odometry(const Robot& tracked);
 
     std::vector<Event> state() const override;
 

@@ -8,11 +8,11 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr QLatin1String listenName("listen");
-constexpr QLatin1String controlName("control");
-constexpr QLatin1String seedName("seed");
-constexpr QLatin1String worldName("world");
-constexpr QLatin1String helpName("help");
+const QLatin1String listenName("listen");
+const QLatin1String controlName("control");
+const QLatin1String seedName("seed");
+const QLatin1String worldName("world");
+const QLatin1String helpName("help");
 
 void describe(QCommandLineParser& parser)
 {

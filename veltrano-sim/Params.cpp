@@ -6,7 +6,7 @@ namespace kor::veltrano::sim {
 
 QJsonValue Params::value(const QString& name)
 {
-    const QJsonValue result = optionalValue(name);
+    QJsonValue result = optionalValue(name);
     if (result.isUndefined()) {
         fail(QStringLiteral("%1 is missing").arg(name));
     }

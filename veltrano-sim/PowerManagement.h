@@ -11,7 +11,7 @@ class PowerManagement : public HeldReadings
 {
 public:
     // The battery must outlive the power management.
-    explicit PowerManagement(const Battery& battery);
+    explicit PowerManagement(const Battery& supply);
 
     std::vector<Event> state() const override;
 

@@ -17,8 +17,8 @@ class Record : public Device
 public:
     using Writer = std::function<QByteArray()>;
 
-    // key is the member of the state, method the event that carries the bytes.
-    Record(const QString& key, const QString& method, Writer writer);
+    // key is the member of the state, eventMethod the event that carries the bytes.
+    Record(const QString& key, const QString& eventMethod, Writer writer);
 
     QByteArray bytes() const { return held ? *held : write(); }
 

@@ -3,13 +3,16 @@
 #include "JsonShape.h"
 #include "World.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr QLatin1String poseKey("pose");
-constexpr QLatin1String velocityKey("velocity");
-constexpr QLatin1String commandedKey("commandedVelocity");
+const QLatin1String poseKey("pose");
+const QLatin1String velocityKey("velocity");
+const QLatin1String commandedKey("commandedVelocity");
 
 bool isStill(const Velocity& velocity)
 {
@@ -54,6 +57,13 @@ Change Robot::prepare(const QString& key, const QJsonValue& value)
             QStringLiteral("%1 must be an object with the numbers vx, vy and omega").arg(key));
     }
     if (key == velocityKey) {
+        if (!Drive::reaches(*velocity)) {
+            return Change::refused(
+                QStringLiteral("velocity is beyond what the drive reaches, %1 m/s "
+                               "and %2 rad/s; commandedVelocity may be")
+                    .arg(Drive::maxSpeedMPerS)
+                    .arg(Drive::maxOmegaRadPerS));
+        }
         return Change::accepted([this, velocity] { drive.force(*velocity); });
     }
     return Change::accepted([this, velocity] { drive.command(*velocity); });
@@ -65,6 +75,10 @@ Change Robot::preparePose(const QJsonValue& value)
     if (!pose) {
         return Change::refused(
             QStringLiteral("pose must be an object with the numbers x, y and phi"));
+    }
+    if (std::max(std::abs(pose->x), std::abs(pose->y)) > World::farthestM) {
+        return Change::refused(
+            QStringLiteral("pose must be within -%1 and %1").arg(World::farthestM));
     }
     if (!body.fits({pose->x, pose->y})) {
         return Change::refused(

@@ -27,7 +27,7 @@ class RpcServer : public QObject
 
 public:
     // The simulation and the log must outlive the server. The seed is the one of its faults.
-    RpcServer(Simulation& simulation, CommandLog& log, quint64 seed, QObject* parent = nullptr);
+    RpcServer(Simulation& robot, CommandLog& commands, quint64 seed, QObject* parent = nullptr);
     ~RpcServer() override;
 
     // Opens the door; port 0 takes any free port. Gives the reason of a failure, else nothing.

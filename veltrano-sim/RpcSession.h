@@ -34,8 +34,8 @@ public:
     // The devices whose data goes only to clients that have subscribed.
     static QStringList subscribable();
 
-    // Takes the connected socket over. The faults must outlive the session.
-    RpcSession(QTcpSocket* socket, int number, Faults& faults, QObject* parent = nullptr);
+    // Takes the connected socket over. The faults, shared by all sessions, must outlive it.
+    RpcSession(QTcpSocket* socket, int number, Faults& shared, QObject* parent = nullptr);
 
     // Counts connections from 1 on.
     int number() const { return clientNumber; }
@@ -50,7 +50,7 @@ public:
     // Sends bytes in their turn; they are delayed or dropped as the faults say.
     void send(const QByteArray& bytes);
     // The same for an event, which the faults may lose.
-    void sendEvent(const QByteArray& line);
+    void sendEvent(const QByteArray& eventLine);
     // Ends the connection.
     void close() { line.close(); }
     // What the control door shows of this client.
@@ -68,7 +68,7 @@ private:
     void answer(const rpc::Message& request);
     void answerHello(const rpc::Message& request);
     void obey(const rpc::Message& command, int lineBytes);
-    void keepAnswer(const rpc::Message& answer, int lineBytes);
+    void keepAnswer(const rpc::Message& received, int lineBytes);
     void limitMemory();
 
     const int clientNumber;

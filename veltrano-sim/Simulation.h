@@ -19,7 +19,7 @@ public:
     // The length of a physics step in s: 100 steps a second.
     static constexpr double stepS = 0.01;
 
-    Simulation(const World& world, quint64 seed);
+    Simulation(const World& surroundings, quint64 seed);
 
     // Lets dtS seconds pass, in one step of the physics.
     void step(double dtS);

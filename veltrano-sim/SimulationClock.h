@@ -18,8 +18,8 @@ class SimulationClock : public QObject
     Q_OBJECT
 
 public:
-    // Starts at once. The simulation and the server must outlive the clock.
-    SimulationClock(Simulation& simulation, RpcServer& server, QObject* parent = nullptr);
+    // Starts at once to step one and let the other tell its clients. Both must outlive the clock.
+    SimulationClock(Simulation& stepped, RpcServer& told, QObject* parent = nullptr);
 
     // Steps up to the present, for whoever wants to look at the robot just now.
     void catchUp();

@@ -15,6 +15,9 @@ namespace kor::veltrano::sim {
 class World
 {
 public:
+    // Beyond this coordinate in m the arithmetic would lose the millimetres.
+    static constexpr double farthestM = 10000;
+
     using Polygon = std::vector<Point>;
 
     // The point of a surface that is nearest to some other point, and how far away it is in m. The

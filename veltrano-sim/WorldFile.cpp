@@ -15,7 +15,7 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-constexpr qint64 mostBytes = 1024 * 1024;
+constexpr qint64 mostBytes = Q_INT64_C(1024) * 1024;
 
 } // namespace
 

@@ -9,8 +9,6 @@ namespace kor::veltrano::sim {
 
 namespace {
 
-// Beyond this the arithmetic would lose the millimetres.
-constexpr double farthestM = 10000;
 constexpr double shortestM = 1e-6;
 constexpr int mostThings = 10000;
 
@@ -127,7 +125,7 @@ double WorldReader::number(const QJsonValue& value, const QString& path)
     const std::optional<double> result = toNumber(value);
     if (!result) {
         fail(path, QStringLiteral("must be a number"));
-    } else if (std::abs(*result) > farthestM) {
+    } else if (std::abs(*result) > World::farthestM) {
         fail(path, QStringLiteral("must be within -10000 and 10000"));
     }
     return result.value_or(0);
@@ -168,11 +166,11 @@ QJsonArray WorldReader::list(const QJsonValue& value, const QString& path)
 QJsonObject WorldReader::object(const QJsonValue& value, const QString& path,
                                 const QStringList& known)
 {
-    const QJsonObject members = value.toObject();
+    QJsonObject members = value.toObject();
     if (!value.isObject()) {
         fail(path, QStringLiteral("must be an object"));
     }
-    for (auto member = members.begin(); member != members.end(); ++member) {
+    for (auto member = members.constBegin(); member != members.constEnd(); ++member) {
         if (!known.contains(member.key())) {
             fail(memberOf(path, member.key()),
                  QStringLiteral("is unknown; known are %1").arg(known.join(QStringLiteral(", "))));

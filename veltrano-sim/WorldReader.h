@@ -17,13 +17,13 @@ namespace kor::veltrano::sim {
 class WorldReader
 {
 public:
-    World read(const QJsonObject& object);
+    World read(const QJsonObject& given);
     // What is wrong with which member; empty where all is well.
     const QString& error() const { return firstError; }
 
 private:
-    void readWalls(World& world, const QJsonObject& object);
-    void readObstacles(World& world, const QJsonObject& object);
+    void readWalls(World& world, const QJsonObject& members);
+    void readObstacles(World& world, const QJsonObject& members);
     void readObstacle(World& world, const QJsonValue& value, const QString& path);
     void readCircle(World& world, const QJsonValue& value, const QString& path);
     void readPolygon(World& world, const QJsonValue& value, const QString& path);

@@ -114,6 +114,7 @@ TEST(RobotTest, CanBePutSomewhereButNotIntoAWall)
     EXPECT_FALSE(into.isAccepted());
     EXPECT_NE(into.reason().toStdString().find("inside of a wall"), std::string::npos);
     EXPECT_FALSE(robot.prepare(pose, object(R"({"x":0,"y":0})")).isAccepted());
+    EXPECT_FALSE(robot.prepare(pose, object(R"({"x":1e300,"y":0,"phi":0})")).isAccepted());
     robot.prepare(pose, object(R"({"x":0.5,"y":0,"phi":7})")).apply();
     EXPECT_DOUBLE_EQ(robot.pose().x, 0.5);
     EXPECT_NEAR(robot.pose().phi, 7 - 2 * M_PI, 1e-12);
@@ -132,4 +133,8 @@ TEST(RobotTest, CanBeGivenAVelocityWhichThenFollowsTheCommand)
     run(robot, 1);
     EXPECT_DOUBLE_EQ(robot.velocity().vy, 1);
     EXPECT_FALSE(robot.prepare(QStringLiteral("velocity"), 5).isAccepted());
+    EXPECT_FALSE(
+        robot.prepare(QStringLiteral("velocity"), object(R"({"vx":2.5,"vy":2.5,"omega":0})"))
+            .isAccepted())
+        << "the drive does not reach this";
 }

@@ -42,7 +42,7 @@ QJsonValue RawClient::next()
 QJsonValue RawClient::nextOf(const QString& method)
 {
     while (true) {
-        const QJsonValue message = next();
+        QJsonValue message = next();
         if (message.isUndefined() || message["method"] == method) {
             return message;
         }
@@ -96,6 +96,7 @@ void RawClient::read()
 std::vector<std::string> methodsOf(const std::vector<QJsonObject>& messages)
 {
     std::vector<std::string> methods;
+    methods.reserve(messages.size());
     for (const QJsonObject& message : messages) {
         methods.push_back(message["method"].toString().toStdString());
     }
