@@ -16,6 +16,11 @@ from support.simulator import Simulator
 StartDaemon = Callable[..., Daemon]
 
 
+def pytest_configure(config: pytest.Config) -> None:
+    """Makes a failure in a test's own threads a failure of the test."""
+    config.addinivalue_line("filterwarnings", "error")
+
+
 @pytest.fixture
 def no_robot() -> Iterator[str]:
     """The address of a robot that is switched off."""

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import threading
 
-from support.http import Connection, Reply, request_bytes
+from support.http import Connection, request_bytes
 
 REQUESTS = [
     request_bytes("GET", "/data/bumper"),
@@ -67,8 +67,7 @@ class Pollers:
         with Connection(port, 2) as connection:
             for turn in range(1_000_000 if keeps_connection else 1):
                 connection.send(REQUESTS[(number + turn) % len(REQUESTS)])
-                reply: Reply = connection.read_reply()
-                assert reply.status in (200, 400, 500)
+                connection.read_reply()
                 self._replies += 1
                 if self._port != port:
                     return
