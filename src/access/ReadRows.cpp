@@ -3,10 +3,14 @@
 #include "access/AccessManager.h"
 #include "robot/MyAnalogInputArray.h"
 #include "robot/MyBumper.h"
+#include "robot/MyCharger.h"
 #include "robot/MyControllerInfo.h"
 #include "robot/MyDigitalInputArray.h"
 #include "robot/MyDistanceSensorArray.h"
+#include "robot/MyFestoolCharger.h"
+#include "robot/MyLaserRangeFinder.h"
 #include "robot/MyOdometry.h"
+#include "robot/MyPowerManagement.h"
 #include "support/Json.h"
 
 namespace kor::veltrano::daemons {
@@ -24,10 +28,15 @@ const std::vector<ReadRow>& readRows()
 {
     // clang-format off
     static const std::vector<ReadRow> rows = {
+        {"/data/festoolcharger", Access::Anyone, [](const Request&) { return festoolCharger->data(); }},
+        {"/data/powermanagement", Access::Anyone, [](const Request&) { return powerManagement->data(); }},
+        {"/data/charger0", Access::Anyone, [](const Request&) { return charger0->data(); }},
+        {"/data/charger1", Access::Anyone, [](const Request&) { return charger1->data(); }},
         {"/data/controllerinfo", Access::Anyone, [](const Request&) { return controllerInfo->data(); }},
         {"/data/analoginputarray", Access::Anyone, [](const Request&) { return createAnalogInputArrayData(); }},
         {"/data/digitalinputarray", Access::Anyone, [](const Request&) { return createDigitalInputArrayData(); }},
         {"/data/distancesensorarray", Access::Anyone, [](const Request&) { return createDistanceSensorArrayData(); }},
+        {"/data/scan0", Access::Anyone, [](const Request&) { return MyLaserRangeFinder::acquire()->data(); }},
         {"/data/bumper", Access::Anyone, [](const Request&) { return createBumperData(); }},
         {"/data/odometry", Access::Anyone, [](const Request&) { return odometry->data(); }},
         {"/data/userrole", Access::Anyone, [](const Request& request) { return createUserRoleData(request.sid()); }},

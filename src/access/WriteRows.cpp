@@ -1,7 +1,9 @@
 #include "access/WriteRows.h"
 
 #include "access/AccessManager.h"
+#include "programs/ProgramUpload.h"
 #include "robot/MyDigitalOutputArray.h"
+#include "robot/MyOmniDrive.h"
 #include "robot/MyRelayArray.h"
 
 namespace kor::veltrano::daemons {
@@ -18,8 +20,10 @@ const std::vector<WriteRow>& writeRows()
     // clang-format off
     static const std::vector<WriteRow> rows = {
         {"/data/login", Access::Anyone, [](const Request& request, Body body, Result result) { return accessManager->setData(body, request.parameters, result); }},
+        {"/data/omnidrive", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return omniDrive->armAndSetData(body); }},
         {"/data/digitaloutputarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return digitalOutputArray->setData(body); }},
         {"/data/relayarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return relayArray->setData(body); }},
+        {"/data/uploadProgram", Access::OperatorOrHigher, [](const Request&, Body body, Result result) { return uploadProgram(body, result); }},
     };
     // clang-format on
     return rows;

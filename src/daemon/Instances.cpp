@@ -7,12 +7,18 @@
 #include "http/handler.h"
 #include "robot/MyAnalogInputArray.h"
 #include "robot/MyBumper.h"
+#include "robot/MyCamera.h"
+#include "robot/MyCharger.h"
 #include "robot/MyCom.h"
 #include "robot/MyControllerInfo.h"
 #include "robot/MyDigitalInputArray.h"
 #include "robot/MyDigitalOutputArray.h"
 #include "robot/MyDistanceSensorArray.h"
+#include "robot/MyFestoolCharger.h"
+#include "robot/MyLaserRangeFinder.h"
 #include "robot/MyOdometry.h"
+#include "robot/MyOmniDrive.h"
+#include "robot/MyPowerManagement.h"
 #include "robot/MyRelayArray.h"
 
 #include <QCoreApplication>
@@ -45,12 +51,19 @@ void connectToRobot()
 
 void buildDevices()
 {
+    camera = new MyCamera;
     bumper = new MyBumper;
+    festoolCharger = new MyFestoolCharger;
+    omniDrive = new MyOmniDrive;
+    powerManagement = new MyPowerManagement;
+    charger0 = new MyCharger(0);
+    charger1 = new MyCharger(1);
     controllerInfo = new MyControllerInfo;
     analogInputArray = new MyAnalogInputArray;
     digitalInputArray = new MyDigitalInputArray;
     digitalOutputArray = new MyDigitalOutputArray;
     relayArray = new MyRelayArray;
+    laserRangeFinder = new MyLaserRangeFinder;
     distanceSensorArray = new MyDistanceSensorArray;
     odometry = new MyOdometry;
 }
@@ -59,12 +72,19 @@ void takeDownDevices()
 {
     deleteAndClear(odometry);
     deleteAndClear(distanceSensorArray);
+    deleteAndClear(laserRangeFinder);
     deleteAndClear(analogInputArray);
     deleteAndClear(digitalInputArray);
     deleteAndClear(digitalOutputArray);
     deleteAndClear(relayArray);
     deleteAndClear(controllerInfo);
+    deleteAndClear(charger0);
+    deleteAndClear(charger1);
+    deleteAndClear(powerManagement);
+    deleteAndClear(omniDrive);
+    deleteAndClear(festoolCharger);
     deleteAndClear(bumper);
+    deleteAndClear(camera);
     deleteAndClear(com);
 }
 

@@ -6,20 +6,20 @@ namespace kor::veltrano::daemons {
 
 namespace {
 
-void send(web::http::http_request request, const web::http::http_response& response)
-{
-    request.reply(response).then(&dropFailure);
-}
-
 void sendText(const web::http::http_request& request, web::http::status_code status,
               const std::string& text, const std::string& contentType)
 {
     web::http::http_response response(status);
     response.set_body(text, contentType);
-    send(request, response);
+    sendReply(request, response);
 }
 
 } // namespace
+
+void sendReply(web::http::http_request request, const web::http::http_response& response)
+{
+    request.reply(response).then(&dropFailure);
+}
 
 void replyJson(const web::http::http_request& request, web::http::status_code status,
                const QByteArray& text)
@@ -36,7 +36,7 @@ void replyText(const web::http::http_request& request, web::http::status_code st
 
 void replyStatus(const web::http::http_request& request, web::http::status_code status)
 {
-    send(request, web::http::http_response(status));
+    sendReply(request, web::http::http_response(status));
 }
 
 void replyUnreadable(const web::http::http_request& request)

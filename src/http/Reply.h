@@ -9,6 +9,9 @@
 
 namespace kor::veltrano::daemons {
 
+// Sends any response.
+void sendReply(web::http::http_request request, const web::http::http_response& response);
+
 // Sends a JSON text, which ends at its first NUL byte.
 void replyJson(const web::http::http_request& request, web::http::status_code status,
                const QByteArray& text);

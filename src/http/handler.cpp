@@ -1,9 +1,12 @@
 #include "http/handler.h"
 
+#include "access/Request.h"
 #include "config/ConfigFile.h"
 #include "daemon/Log.h"
+#include "http/CameraReply.h"
 #include "http/ContentType.h"
 #include "http/FileReply.h"
+#include "http/ProgramDownload.h"
 #include "http/Query.h"
 #include "http/Reply.h"
 
@@ -107,14 +110,25 @@ void handler::handle_get(http_request request)
     logRequest(request, path);
     const QMap<QString, QString> parameters = parametersOf(request);
     if (isDataPath(path)) {
-        const QByteArray result = dataHandler->data(path, parameters);
-        if (isLogged(3)) {
-            logMessage(QString::fromUtf8(result.constData()), 3);
-        }
-        replyJson(request, status_codes::OK, result);
+        replyToRead(request, path, parameters);
+    } else if (path.startsWith(QLatin1String(programDownloadPrefix))) {
+        replyProgramDownload(request, path);
+    } else if (path.startsWith(QLatin1String("/cam0"))
+               && Request{path, parameters}.isGranted(Access::OperatorOrHigher)) {
+        replyCameraImage(request);
     } else {
         replyStaticFile(request, path);
     }
+}
+
+void handler::replyToRead(const http_request& request, const QString& path,
+                          const QMap<QString, QString>& parameters)
+{
+    const QByteArray result = dataHandler->data(path, parameters);
+    if (isLogged(3)) {
+        logMessage(QString::fromUtf8(result.constData()), 3);
+    }
+    replyJson(request, status_codes::OK, result);
 }
 
 void handler::handle_put_post(http_request request)

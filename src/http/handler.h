@@ -39,6 +39,8 @@ private:
     void handle_put_post(web::http::http_request request);
     void handle_delete(web::http::http_request request);
 
+    void replyToRead(const web::http::http_request& request, const QString& path,
+                     const QMap<QString, QString>& parameters);
     void replyToWrite(const web::http::http_request& request, const QString& path,
                       const QMap<QString, QString>& parameters, const std::string& body);
 
