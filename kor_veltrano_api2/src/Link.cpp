@@ -39,16 +39,19 @@ void Link::setAutoReconnectEnabled(int com, bool enable)
 
 void Link::connectToServer(int com, bool isBlocking)
 {
+    std::uint64_t own = 0;
     {
-        const std::lock_guard lock(threadMutex);
+        // Held until the request is made, so that no shutdown() comes between it and its thread.
+        const std::lock_guard threadLock(threadMutex);
         if (isOver) {
             return;
         }
         startThread();
+        const std::lock_guard lock(mutex);
+        newRequest(com);
+        own = request;
     }
     std::unique_lock lock(mutex);
-    newRequest(com);
-    const std::uint64_t own = request;
     while (isBlocking && decidedRequest < own && request == own) {
         changed.wait(lock);
     }

@@ -84,7 +84,7 @@ bool Session::handleLine(const QByteArray& line)
     if (message->isRequest()) {
         unsent +=
             rpc::errorLine(message->id, rpc::methodNotFound, QStringLiteral("Method not found"));
-        return unsent.size() <= maxUnsentBytes;
+        return true;
     }
     if (message->isAnswer()) {
         return handleAnswer(*message);

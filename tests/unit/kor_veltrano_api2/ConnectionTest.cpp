@@ -88,6 +88,14 @@ TEST_F(ConnectionTest, ConnectsAgainASecondAfterALoss)
     EXPECT_EQ(com.events, (Events{"connected", "disconnected", "connected"}));
 }
 
+TEST_F(ConnectionTest, ConnectsAgainWhenAutoReconnectIsEnabledAfterALoss)
+{
+    connect().close();
+    ASSERT_TRUE(com.processUntil([this] { return com.events.size() == 2; }));
+    com.setAutoReconnectEnabled(true);
+    EXPECT_NO_THROW(server.acceptAndGreet());
+}
+
 TEST_F(ConnectionTest, ConnectsASecondAfterARefusalWithoutAnyEventBefore)
 {
     server.stopListening();

@@ -58,6 +58,28 @@ Com* connectWithoutEnd(ScriptedServer* server)
     std::exit(7);
 }
 
+// Made before the connection, and so destroyed when the library's thread must already have ended.
+struct WatchesTheEnd {
+    ~WatchesTheEnd()
+    {
+        if (!peer->isEndedWithin(std::chrono::seconds(0))) {
+            std::_Exit(1);
+        }
+    }
+
+    std::optional<ScriptedPeer> peer;
+};
+
+[[noreturn]] void exitWithAWitness()
+{
+    static ScriptedServer server;
+    static WatchesTheEnd witness;
+    static const Com* com = connectWithoutEnd(&server);
+    witness.peer.emplace(server.acceptAndGreet());
+    witness.peer->sync();
+    std::exit(com == nullptr ? 1 : 7);
+}
+
 struct ConnectsAtTheEnd {
     ~ConnectsAtTheEnd()
     {
@@ -101,6 +123,11 @@ TEST_F(ProcessExitTest, WhileTryingToConnect)
 TEST_F(ProcessExitTest, WithObjectsInStaticVariables)
 {
     EXPECT_EXIT(exitWithStaticObjects(), testing::ExitedWithCode(7), "^$");
+}
+
+TEST_F(ProcessExitTest, EndsTheConnectionBeforeOlderStaticVariablesGo)
+{
+    EXPECT_EXIT(exitWithAWitness(), testing::ExitedWithCode(7), "^$");
 }
 
 TEST_F(ProcessExitTest, WithAStaticObjectThatConnectsInItsDestructor)
