@@ -114,8 +114,7 @@ TEST_F(ProgramUploadTest, ABodyThatIsNoJsonIsReported)
 {
     const Reply reply = upload(QByteArray("{"));
     EXPECT_FALSE(reply.success);
-    EXPECT_EQ(reply.message,
-              "Error: /data/uploadProgram/ - Invalid JSON: unterminated object");
+    EXPECT_EQ(reply.message, "Error: /data/uploadProgram/ - Invalid JSON: unterminated object");
 }
 
 TEST_F(ProgramUploadTest, MissingFieldsReadAsNothing)

@@ -28,8 +28,9 @@ TEST_F(MyOmniDriveTest, ACommandBeyondALimitIsRefusedAndLogged)
 {
     MyOmniDrive drive;
     EXPECT_FALSE(drive.setData("[0,-2.5,9]"));
-    EXPECT_EQ(logLines(), QStringList("Error: MyOmniDrive::setData - vy out of bounds : vx = -2.5 "
-                                      "| limit = 2"));
+    EXPECT_EQ(logLines(),
+              QStringList("Error: MyOmniDrive::setData - vy out of bounds : vx = -2.5 "
+                          "| limit = 2"));
 }
 
 TEST_F(MyOmniDriveTest, ABodyThatIsNoJsonIsRefusedAndLogged)

@@ -11,7 +11,7 @@ namespace {
 class Device
 {
 public:
-    explicit Device(const api2::ComId& initialId) : id(initialId) {}
+    explicit Device(const api2::ComId& initialId) : id(initialId) { }
 
     void setComId(const api2::ComId& newId)
     {

@@ -58,7 +58,8 @@ TEST(VelocityTest, WhatIsNoNumberNeverPasses)
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     EXPECT_FALSE(limitViolation({nan, 0, 0}, defaults).isEmpty());
     EXPECT_FALSE(limitViolation({1, 0, 0}, {nan, 2, 3}).isEmpty());
-    EXPECT_FALSE(limitViolation({std::numeric_limits<float>::infinity(), 0, 0}, defaults).isEmpty());
+    EXPECT_FALSE(
+        limitViolation({std::numeric_limits<float>::infinity(), 0, 0}, defaults).isEmpty());
 }
 
 TEST(VelocityTest, ALimitOfZeroPermitsStandingOnly)
