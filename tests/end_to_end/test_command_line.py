@@ -65,8 +65,8 @@ def test_the_verbose_options_choose_the_level(start_daemon, arguments, level):
     pytest.param("-httpserver=0.0.0.0:8080", "Network/httpserver = 0.0.0.0:8080", id="plain"),
     pytest.param("-httpserver=-HTTPSERVER=x", "Network/httpserver = -HTTPSERVER=x", id="case"),
     pytest.param("-resourcepath=w-resourcepath=eb", "General/resourcepath = web", id="resources"),
-    pytest.param("-resourcepath=Gr\u00f6\u00dfe \u4e2d", "General/resourcepath = Gr\u00f6\u00dfe \u4e2d",
-                 id="not ASCII"),
+    pytest.param("-resourcepath=Gr\u00f6\u00dfe \u4e2d",
+                 "General/resourcepath = Gr\u00f6\u00dfe \u4e2d", id="not ASCII"),
 ])
 def test_a_value_is_its_argument_without_the_options_text(start_daemon, argument, setting):
     daemon = start_daemon(arguments=[argument])

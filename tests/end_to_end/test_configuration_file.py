@@ -140,8 +140,8 @@ def test_the_file_beside_the_current_folder_is_taken_without_a_look(new_daemon):
                  id="a restart block at the end"),
     pytest.param("[A]\n#@restart command begin\n[B]\nk=1", ["B/k = 1"],
                  id="a section that ends a restart block"),
-    pytest.param("[A]\nk=Gr\u00f6\u00dfe \u4e2d \U0001f916", ["A/k = Gr\u00f6\u00dfe \u4e2d \U0001f916"],
-                 id="not ASCII"),
+    pytest.param("[A]\nk=Gr\u00f6\u00dfe \u4e2d \U0001f916",
+                 ["A/k = Gr\u00f6\u00dfe \u4e2d \U0001f916"], id="not ASCII"),
     pytest.param("", [], id="nothing"),
 ])
 def test_each_line_means_what_the_format_says(start_daemon, text, settings):

@@ -208,10 +208,10 @@ def test_a_body_is_logged_up_to_its_first_nul(start_daemon):
 
 def test_percent_signs_in_paths_bodies_and_queries_stay_as_they_are(start_daemon):
     daemon = start_daemon(verbosity=2)
-    daemon.expect_log("Error: DataHandler::setData with path /data/%31%32")
-    daemon.put("/data/%31%32?k%31=%32%31", b"%1 %2 %3 %L1")
+    daemon.expect_log("Error: DataHandler::setData with path /data/%1F%2Fx")
+    daemon.put("/data/%1F%2Fx?k%31=%32%31", b"%1 %2 %3 %L1")
     daemon.stop()
-    assert "DataHandler::setData with path /data/%31%32 and data %1 %2 %3 %L1" in daemon.messages()
+    assert "DataHandler::setData with path /data/%1F%2Fx and data %1 %2 %3 %L1" in daemon.messages()
     assert "k%31 : %32%31" in daemon.messages()
 
 

@@ -73,7 +73,8 @@ def test_a_body_of_fifty_megabytes_is_read_and_refused(start_daemon, method):
 @pytest.mark.parametrize("body", [
     pytest.param(b"\0", id="a NUL"), pytest.param(b"[\0]", id="a NUL inside"),
     pytest.param(bytes(range(256)), id="all bytes"), pytest.param(b"\xff\xfe", id="not UTF-8"),
-    pytest.param(b"[" * 100_000, id="deep arrays"), pytest.param(b'{"a":' * 5_000, id="deep objects"),
+    pytest.param(b"[" * 100_000, id="deep arrays"),
+    pytest.param(b'{"a":' * 5_000, id="deep objects"),
     pytest.param(b"[" + b"1," * 200_000 + b"1]", id="a long array"),
     pytest.param(b'"' + b"\\u0000" * 1000 + b'"', id="escaped NULs"),
     pytest.param(b"[1e999999, -1e999999]", id="endless numbers"),
@@ -108,7 +109,8 @@ def test_the_bodys_content_type_is_ignored(start_daemon, content_type):
 def test_a_body_in_chunks_is_put_together(start_daemon):
     daemon = start_daemon()
     with daemon.connect() as connection:
-        connection.send(b"PUT /data/login HTTP/1.1\r\nHost: x\r\nTransfer-Encoding: chunked\r\n\r\n")
+        connection.send(b"PUT /data/login HTTP/1.1\r\nHost: x\r\n"
+                        b"Transfer-Encoding: chunked\r\n\r\n")
         for character in b'{"role": "admin"}':
             connection.send(b"1\r\n" + bytes([character]) + b"\r\n")
         connection.send(b"0\r\n\r\n")
@@ -149,9 +151,10 @@ def test_a_broken_head_does_no_harm(start_daemon, data):
 
 ODD_PATHS = [b"/", b"//", b"/%", b"/%zz", b"/%00", b"/\0", b"/data\0", b"/data/%00", b"*", b"",
              b"data/userrole", b"/./data", b"/../../etc/passwd", b"/data/../x", b"/\xff\xfe",
-             b"/data/\xc3\xa4", b"/" + b"x" * 100_000, b"/data/" + b"y/" * 10_000, b"/?", b"/data#x",
-             b"http://", b"http://[::1", b"http://a/data/userrole", b"//a@b:1/x", b"/data/<>\"{}|^`",
-             b"/%s%n%1", b"/index.html%20", b"/dev/null", b"/data/userrole?sid=\xff", b"/;a=b", b"/:"]
+             b"/data/\xc3\xa4", b"/" + b"x" * 100_000, b"/data/" + b"y/" * 10_000, b"/?",
+             b"/data#x", b"http://", b"http://[::1", b"http://a/data/userrole", b"//a@b:1/x",
+             b"/data/<>\"{}|^`", b"/%s%n%1", b"/index.html%20", b"/dev/null",
+             b"/data/userrole?sid=\xff", b"/;a=b", b"/:"]
 
 
 @pytest.mark.parametrize("method", ["GET", "PUT", "POST", "DELETE", "HEAD", "PATCH", "OPTIONS",

@@ -4,10 +4,10 @@ from __future__ import annotations
 
 import pytest
 
-from support.deadlines import wait_for
+from support.deadlines import SANITIZER, wait_for
 from support.pollers import Pollers
 
-STARTS = 200
+STARTS = 200 if SANITIZER != "thread" else 50
 CLIENTS = 32
 
 

@@ -40,7 +40,8 @@ def assert_file(reply, content_type, content):
     ("a.ico", "image/x-icon"), ("a.png", "image/png"), ("a.jpeg", "image/jpeg"),
     ("a.jpg", "image/jpeg"), ("a.js", "text/javascript"), ("a.css", "text/css"),
     ("a.html", HTML), ("a.htm", HTML), ("a.txt", HTML), ("a.svg", HTML), ("a.json", HTML),
-    ("a.PNG", HTML), ("a.Js", HTML), ("a.CSS", HTML), ("a", HTML), ("a.", HTML), (".js", "text/javascript"),
+    ("a.PNG", HTML), ("a.Js", HTML), ("a.CSS", HTML), ("a", HTML), ("a.", HTML),
+    (".js", "text/javascript"),
     ("a.js.gz", HTML), ("a.tar.css", "text/css"), ("js", HTML), ("a.jsx", HTML), ("a.png~", HTML),
     ("folder.js/plain", HTML), ("folder.png/a.css", "text/css"), ("f.d/a.b/c", HTML),
 ])
@@ -163,7 +164,8 @@ def test_a_path_leads_where_its_dots_lead(start_daemon, web):
     assert_file(daemon.get("/./inside.css"), "text/css", b"inside")
 
 
-@pytest.mark.parametrize("path", ["/DATA/bumper", "/dat", "/ddata", "/download", "/index.html/data"])
+@pytest.mark.parametrize("path", ["/DATA/bumper", "/dat", "/ddata", "/download",
+                                  "/index.html/data"])
 def test_what_does_not_begin_with_data_is_a_file(start_daemon, web, path):
     (web / path[1:]).parent.mkdir(parents=True, exist_ok=True)
     (web / path[1:]).write_bytes(b"a file")

@@ -73,11 +73,15 @@ def test_requests_that_go_on_to_the_last_moment_do_no_harm(start_daemon):
     assert daemon.messages()[-1] == "tessarad stopped\n"
 
 
-@pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT], ids=lambda number: number.name)
-def test_a_request_at_any_moment_of_the_start_ends_the_daemon(new_daemon, number):
+@pytest.mark.parametrize("number, listener", [
+    pytest.param(signal.SIGTERM, None, id="SIGTERM with a listener"),
+    pytest.param(signal.SIGINT, "", id="SIGINT without a listener"),
+])
+def test_a_request_at_any_moment_of_the_start_ends_the_daemon(new_daemon, number, listener):
     outcomes = set()
     for step in range(60):
-        daemon = new_daemon(verbosity=1, listener="")
+        daemon = new_daemon(verbosity=1, listener=listener)
+        daemon.choose_port()
         daemon.launch()
         time.sleep(step * deadline(0.0005))
         exit_code = daemon.stop(number)

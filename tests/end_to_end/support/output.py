@@ -28,11 +28,11 @@ def failures(text: str) -> list[str]:
 
 
 def stray_errors(stderr: str) -> str:
-    """What stands on the error stream beyond the two lines of the start and the time stamps.
+    """What stands on the error stream beyond the two lines of a start and the time stamps.
 
     Sanitizer reports and Qt's warnings are such strays; the library prints none of its own.
     """
-    start = re.match(r'"[^\n]*"\nQMap\([^\n]*\)\n', stderr)
+    start = re.match(r'("[^\n]*"\n(QMap\([^\n]*\)\n)?)?', stderr)
     rest = stderr[start.end():] if start else stderr
     stamps = STAMPS.match(rest)
     return rest[stamps.end():] if stamps else rest
