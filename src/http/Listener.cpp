@@ -19,6 +19,19 @@ constexpr std::chrono::seconds drainGrace(5);
 // For a client to take the reply that is on its way to it.
 constexpr std::chrono::seconds connectionsGrace(1);
 
+// The port in fact: an address that names none gets whatever is free. 0 where it isn't known.
+int openPort = 0;
+
+int portOpenedSince(const std::set<int>& before)
+{
+    for (const int port : listeningPorts()) {
+        if (before.count(port) == 0) {
+            return port;
+        }
+    }
+    return 0;
+}
+
 void openListener(const QString& address)
 {
     const web::uri uri = web::uri_builder(web::uri(address.toStdString())).to_uri();
@@ -26,7 +39,9 @@ void openListener(const QString& address)
     config.set_timeout(requestTimeout);
     config.set_backlog(0);
     listenerHandler = std::make_unique<handler>(uri.to_string(), config);
+    const std::set<int> portsBefore = listeningPorts();
     listenerHandler->open().wait();
+    openPort = portOpenedSince(portsBefore);
     std::cout << "Listening for requests at: " << uri.to_string() << std::endl;
 }
 
@@ -63,10 +78,9 @@ void closeListener()
     }
     // The library crashes when connections come or work while it closes its listener: first none
     // may come any more, then those that are there must end, and then it may close.
-    const int port = listenerHandler->port();
-    silenceListeningSocket(port);
+    silenceListeningSocket(openPort);
     drainThreadPool(drainGrace);
-    endConnections(port, connectionsGrace);
+    endConnections(openPort, connectionsGrace);
     drainThreadPool(drainGrace);
     dropFailure(listenerHandler->close());
     openFiles.waitUntilNone(openFilesGrace);

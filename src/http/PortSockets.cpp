@@ -30,7 +30,7 @@ bool isListening(int descriptor)
         && listening != 0;
 }
 
-// Of a TCP socket over IPv4 or IPv6; 0 for anything else.
+// Of a TCP socket over IPv4 or IPv6; 0, which is nobody's port, for anything else.
 int localPort(int descriptor)
 {
     sockaddr_storage address = {};
@@ -49,13 +49,22 @@ int localPort(int descriptor)
 
 enum class Kind { Listening, Connected };
 
+std::vector<int> openDescriptors()
+{
+    std::vector<int> descriptors;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
+        descriptors.push_back(std::stoi(entry.path().filename().string()));
+    }
+    return descriptors;
+}
+
 std::vector<int> findSockets(int port, Kind kind)
 {
     std::vector<int> sockets;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
-        const int descriptor = std::stoi(entry.path().filename().string());
-        if (localPort(descriptor) == port && isListening(descriptor) == (kind == Kind::Listening)) {
+    for (const int descriptor : openDescriptors()) {
+        if (port > 0 && localPort(descriptor) == port
+            && isListening(descriptor) == (kind == Kind::Listening)) {
             sockets.push_back(descriptor);
         }
     }
@@ -99,6 +108,18 @@ int openIdleListeningSocket()
 
 } // namespace
 
+std::set<int> listeningPorts()
+{
+    std::set<int> ports;
+    for (const int descriptor : openDescriptors()) {
+        if (isListening(descriptor)) {
+            ports.insert(localPort(descriptor));
+        }
+    }
+    ports.erase(0);
+    return ports;
+}
+
 bool silenceListeningSocket(int port)
 {
     const std::vector<int> listeningSockets = findSockets(port, Kind::Listening);
@@ -118,6 +139,11 @@ bool endConnections(int port, std::chrono::milliseconds grace)
 }
 
 #else
+
+std::set<int> listeningPorts()
+{
+    return {};
+}
 
 bool silenceListeningSocket(int)
 {

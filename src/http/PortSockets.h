@@ -4,8 +4,12 @@
 #pragma once
 
 #include <chrono>
+#include <set>
 
 namespace kor::veltrano::daemons {
+
+// The ports that this process listens on for TCP connections.
+std::set<int> listeningPorts();
 
 // Puts a socket that never gets a connection in the place of the one that listens on the port,
 // under the same descriptor: the port goes away, and the library, which still owns the descriptor,

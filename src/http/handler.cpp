@@ -94,11 +94,6 @@ void handler::refuseRequests()
     gate.close();
 }
 
-int handler::port() const
-{
-    return listener.uri().port();
-}
-
 void handler::handle_get(http_request request)
 {
     const QString path = pathOf(request);

@@ -31,9 +31,6 @@ public:
     // ended. Main thread.
     void refuseRequests();
 
-    // The port that the listener takes.
-    int port() const;
-
 private:
     void handle_get(web::http::http_request request);
     void handle_put_post(web::http::http_request request);

@@ -4,8 +4,15 @@
 #include "daemon/Log.h"
 #include "support/Json.h"
 
+#include <QFile>
 #include <QJsonDocument>
 #include <QSaveFile>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace kor::veltrano::daemons {
 
@@ -32,19 +39,53 @@ QString sizeText(int size)
                        : QStringLiteral("%1kB").arg(size / 1024);
 }
 
-// Replaces the file as a whole, so that a download meanwhile gets the old bytes or the new ones.
-// Where the directory permits no second file, the old one is overwritten. What becomes of the bytes
-// on the disk isn't reported.
-bool writeFile(const QString& path, const QByteArray& content)
+// True where a new file may take the old one's place without anyone losing it: not a device or a
+// pipe, not somebody else's file, and not one that goes by other names too.
+bool isReplaceable(const QString& path)
+{
+#ifdef Q_OS_UNIX
+    struct stat status = {};
+    return stat(QFile::encodeName(path).constData(), &status) != 0
+        || (S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1);
+#else
+    return true;
+#endif
+}
+
+bool replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
         return false;
     }
     file.write(content);
-    file.commit();
-    return true;
+    return file.commit();
+}
+
+// What becomes of the bytes behind the open file isn't reported.
+bool overwriteFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+#ifdef Q_OS_UNIX
+    // A pipe that nobody reads must not hold the request for ever: it can't be opened then.
+    const int descriptor = ::open(QFile::encodeName(path).constData(),
+                                  O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666);
+    const bool isOpen = descriptor >= 0
+        && file.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+#else
+    const bool isOpen = file.open(QIODevice::WriteOnly);
+#endif
+    if (isOpen) {
+        file.write(content);
+    }
+    return isOpen;
+}
+
+// Replaces the file as a whole where it can, so that a download meanwhile gets the old bytes or the
+// new ones.
+bool writeFile(const QString& path, const QByteArray& content)
+{
+    return (isReplaceable(path) && replaceFile(path, content)) || overwriteFile(path, content);
 }
 
 Outcome storeProgram(const QJsonObject& program)

@@ -73,6 +73,30 @@ TEST(PortSocketsTest, APortThatNobodyListensOnIsNotFound)
     EXPECT_FALSE(silenceListeningSocket(freePort));
 }
 
+TEST(PortSocketsTest, TheProcesssListeningPortsAreKnown)
+{
+    int port = 0;
+    {
+        const ListeningSocket listening;
+        port = listening.port();
+        EXPECT_EQ(listeningPorts().count(port), 1U);
+    }
+    EXPECT_EQ(listeningPorts().count(port), 0U);
+}
+
+TEST(PortSocketsTest, WhatIsNoTcpSocketIsLeftAlone)
+{
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+    EXPECT_FALSE(silenceListeningSocket(0));
+    EXPECT_TRUE(endConnections(0, std::chrono::milliseconds(0)));
+    EXPECT_EQ(write(ends[0], "x", 1), 1);
+    char byte = 0;
+    EXPECT_EQ(read(ends[1], &byte, 1), 1);
+    close(ends[0]);
+    close(ends[1]);
+}
+
 // A client of a listening socket and the server's end of it, which is closed as the library closes
 // its connections: by a thread that reads until the end.
 class Connection

@@ -9,6 +9,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace kor::veltrano::daemons {
 namespace {
 
@@ -139,6 +142,33 @@ TEST_F(ProgramUploadTest, AReaderOfTheOldFileKeepsTheOldBytes)
     EXPECT_EQ(reader.readAll(), "hello");
     EXPECT_EQ(contentOf("a"), "world");
     EXPECT_EQ(QDir(programs()).entryList(QDir::Files), QStringList("a"));
+}
+
+TEST_F(ProgramUploadTest, AFileOfSeveralNamesKeepsThemAll)
+{
+    upload("a", 5, "aGVsbG8=");
+    ASSERT_EQ(link(qPrintable(pathOf("a")), qPrintable(pathOf("b"))), 0);
+    EXPECT_TRUE(upload("a", 5, "d29ybGQ=").success);
+    EXPECT_EQ(contentOf("b"), "world");
+}
+
+TEST_F(ProgramUploadTest, APipeThatNobodyReadsIsReportedAndStaysAPipe)
+{
+    ASSERT_EQ(mkfifo(qPrintable(pathOf("pipe")), 0600), 0);
+    EXPECT_EQ(upload("pipe", 5, "aGVsbG8=").message,
+              "Error writing file " + pathOf("pipe") + " with size 5");
+    struct stat status = {};
+    ASSERT_EQ(stat(qPrintable(pathOf("pipe")), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST_F(ProgramUploadTest, ADeviceIsWrittenToAndStaysADevice)
+{
+    ASSERT_EQ(symlink("/dev/null", qPrintable(pathOf("null"))), 0);
+    EXPECT_TRUE(upload("null", 5, "aGVsbG8=").success);
+    struct stat status = {};
+    ASSERT_EQ(stat("/dev/null", &status), 0);
+    EXPECT_TRUE(S_ISCHR(status.st_mode));
 }
 
 } // namespace
