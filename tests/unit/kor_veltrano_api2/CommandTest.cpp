@@ -105,22 +105,24 @@ TEST_F(CommandTest, NoCommandOfALostConnectionReachesTheNextHoweverTheyInterleav
 {
     com.setAutoReconnectEnabled(true);
     ScriptedPeer first = connect();
-    std::atomic<bool> isOver = false;
-    std::atomic<int> generation = 1;
-    std::thread driver([this, &isOver, &generation] {
-        while (!isOver) {
+    std::atomic<int> wanted = 1;
+    std::atomic<int> given = 0;
+    std::thread driver([this, &wanted, &given] {
+        while (const int generation = wanted) {
             drive.setVelocity(static_cast<float>(generation), 0, 0);
+            given = generation;
             std::this_thread::yield();
         }
     });
     first.readCommand();
     first.close();
     ScriptedPeer second = server.accept();
-    generation = 2;
-    // From here on the driver has been seen to give commands of the new generation only.
+    wanted = 2;
+    // Once one such command has been given, none of before can follow it.
+    EXPECT_TRUE(com.processUntil([&given] { return given == 2; }));
     second.greet();
     const QJsonObject command = second.readCommand();
-    isOver = true;
+    wanted = 0;
     driver.join();
     EXPECT_EQ(paramsOf(command)["vx"], 2);
 }
