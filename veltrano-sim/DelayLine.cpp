@@ -18,9 +18,7 @@ void DelayLine::push(int delayMs, qint64 bytes, const Work& work)
         work();
         return;
     }
-    // A delay that has become shorter must not let later work overtake.
-    const qint64 earliestMs = waiting.empty() ? 0 : waiting.back().dueMs;
-    waiting.push_back({std::max(earliestMs, clock.elapsed() + delayMs), bytes, work});
+    waiting.push_back({clock.elapsed() + delayMs, bytes, work});
     waitingTotal += bytes;
     if (!timer.isActive()) {
         timer.start(delayMs);
@@ -36,6 +34,7 @@ void DelayLine::clear()
 
 void DelayLine::passOn()
 {
+    // Work that is due after a shorter delay still waits for what came before it.
     while (!waiting.empty() && waiting.front().dueMs <= clock.elapsed()) {
         const Entry entry = std::move(waiting.front());
         waiting.pop_front();

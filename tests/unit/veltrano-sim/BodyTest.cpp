@@ -114,6 +114,32 @@ TEST(BodyTest, NeverLeavesARoomAtAnySpeedAngleAndLengthOfAStep)
     }
 }
 
+TEST(BodyTest, NeverJumpsAmongObstaclesThatStandClose)
+{
+    // The longest way that is not cut into shorter ones.
+    const double longestWayM = Body::radius / 4;
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> place(-1.5, 1.5);
+    std::uniform_real_distribution<double> angle(-M_PI, M_PI);
+    for (int clutter = 0; clutter < 300; ++clutter) {
+        World world = squareRoom(2);
+        for (int thing = 0; thing < 6; ++thing) {
+            const Point from{place(random), place(random)};
+            world.addWall({from, from + direction(angle(random))});
+        }
+        const Body body(world);
+        Pose pose{place(random), place(random), 0};
+        for (int step = 0; step < 200 && body.fits({pose.x, pose.y}); ++step) {
+            const Point ahead = direction(step % 50 == 0 ? angle(random) : pose.phi) * longestWayM;
+            const Pose next = body.moved(pose, {ahead.x, ahead.y, 0.02}, 1);
+            ASSERT_TRUE(body.fits({next.x, next.y})) << "clutter " << clutter;
+            ASSERT_LE(std::hypot(next.x - pose.x, next.y - pose.y), longestWayM * 1.06)
+                << "clutter " << clutter;
+            pose = next;
+        }
+    }
+}
+
 TEST(BodyTest, TouchesWithinAMillimetreOnly)
 {
     const World world = squareRoom(2);

@@ -26,6 +26,7 @@ protected:
     static std::vector<std::string> methods(const std::vector<Event>& events)
     {
         std::vector<std::string> result;
+        result.reserve(events.size());
         for (const Event& event : events) {
             result.push_back(event.method.toStdString());
         }

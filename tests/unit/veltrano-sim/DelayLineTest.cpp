@@ -29,6 +29,18 @@ TEST(DelayLineTest, DoesTheWorkAfterItsDelay)
     EXPECT_EQ(line.waitingBytes(), 0);
 }
 
+TEST(DelayLineTest, KeepsEachPieceOfWorkForItsOwnDelay)
+{
+    DelayLine line;
+    QElapsedTimer clock;
+    clock.start();
+    qint64 doneMs = -1;
+    line.push(10, 1, [] {});
+    line.push(90, 1, [&doneMs, &clock] { doneMs = clock.elapsed(); });
+    ASSERT_TRUE(waitUntil([&doneMs] { return doneMs >= 0; }));
+    EXPECT_GE(doneMs, 90);
+}
+
 TEST(DelayLineTest, KeepsTheOrderWhenTheDelayBecomesShorter)
 {
     DelayLine line;

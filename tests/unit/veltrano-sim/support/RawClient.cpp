@@ -73,6 +73,12 @@ std::vector<QJsonObject> RawClient::untilPing()
     return std::exchange(received, {});
 }
 
+void RawClient::keepTalking()
+{
+    QObject::connect(&chatter, &QTimer::timeout, [this] { send("\n"); });
+    chatter.start(1000);
+}
+
 bool RawClient::waitForEnd()
 {
     return waitUntil([this] { return socket.state() == QAbstractSocket::UnconnectedState; });

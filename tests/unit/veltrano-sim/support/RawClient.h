@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QTcpSocket>
+#include <QTimer>
 
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
     QJsonValue answer(int id);
     // Everything that has arrived before the answer to a ping that is sent now.
     std::vector<QJsonObject> untilPing();
+    // From now on sends an empty line every second, so that the connection does not end by silence.
+    void keepTalking();
     // Waits until the other side has ended the connection.
     bool waitForEnd();
     bool isConnected() const { return socket.state() == QAbstractSocket::ConnectedState; }
@@ -47,6 +50,7 @@ private:
     QTcpSocket socket;
     rpc::LineReader reader;
     std::vector<QJsonObject> received;
+    QTimer chatter;
     int lastPing = 1000;
 };
 
