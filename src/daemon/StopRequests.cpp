@@ -66,11 +66,14 @@ void writeEvent(int signal)
     errno = savedErrno;
 }
 
+// Returns to the event loop in between, however fast requests come: it must get to act on the
+// first.
 void deliverEvents()
 {
-    char event = 0;
-    while (read(pipeEnds[0], &event, 1) == 1) {
-        SignalHandler::consoleCtrlHandler(static_cast<unsigned char>(event));
+    char events[64];
+    const ssize_t count = read(pipeEnds[0], events, sizeof events);
+    for (ssize_t i = 0; i < count; ++i) {
+        SignalHandler::consoleCtrlHandler(static_cast<unsigned char>(events[i]));
     }
 }
 
