@@ -16,6 +16,8 @@ constexpr std::chrono::seconds requestTimeout(120);
 // What is still at work after that costs at worst a hanging exit, which the service manager ends.
 constexpr std::chrono::seconds openFilesGrace(5);
 constexpr std::chrono::seconds drainGrace(5);
+// The pool has nothing to do yet when the port is opened.
+constexpr std::chrono::seconds openGrace(5);
 // For a client to take the reply that is on its way to it.
 constexpr std::chrono::seconds connectionsGrace(1);
 
@@ -40,7 +42,12 @@ void openListener(const QString& address)
     config.set_backlog(0);
     listenerHandler = std::make_unique<handler>(uri.to_string(), config);
     const std::set<int> portsBefore = listeningPorts();
-    listenerHandler->open().wait();
+    {
+        // The library takes connections a moment before it knows whose requests they bring, and
+        // answers 404 until it does.
+        const OneThreadOfPool untilOpen(openGrace);
+        listenerHandler->open().wait();
+    }
     openPort = portOpenedSince(portsBefore);
     std::cout << "Listening for requests at: " << uri.to_string() << std::endl;
 }

@@ -3,7 +3,6 @@
 #include <pplx/threadpool.h>
 
 #include <condition_variable>
-#include <memory>
 #include <mutex>
 
 namespace kor::veltrano::daemons {
@@ -16,9 +15,11 @@ constexpr int threadCount = 40;
 // A task may queue another one before it ends. No chain of the library's tasks is longer than this.
 constexpr int generations = 4;
 
-// Where all threads of the pool meet. They can only do so when none of them has anything else to
-// do, so everything that was queued before has ended then.
-class MeetingPoint
+} // namespace
+
+// Where threads of the pool meet and wait until the meeting is over. A thread can only come when it
+// has nothing else to do.
+class ThreadPoolMeeting
 {
 public:
     void arriveAndWait()
@@ -26,35 +27,47 @@ public:
         std::unique_lock lock(mutex);
         ++arrived;
         changed.notify_all();
-        changed.wait(lock, [this] { return arrived >= threadCount || isCalledOff; });
+        changed.wait(lock, [this] { return isOver; });
     }
 
-    // Calls the meeting off, and lets everybody go, when it has not come about in time.
-    bool waitUntil(std::chrono::steady_clock::time_point deadline)
+    bool waitForThreads(int count, std::chrono::steady_clock::time_point deadline)
     {
         std::unique_lock lock(mutex);
-        const bool haveAllMet =
-            changed.wait_until(lock, deadline, [this] { return arrived >= threadCount; });
-        isCalledOff = true;
+        return changed.wait_until(lock, deadline, [this, count] { return arrived >= count; });
+    }
+
+    void end()
+    {
+        const std::lock_guard lock(mutex);
+        isOver = true;
         changed.notify_all();
-        return haveAllMet;
     }
 
 private:
     std::mutex mutex;
     std::condition_variable changed;
     int arrived = 0;
-    bool isCalledOff = false;
+    bool isOver = false;
 };
+
+namespace {
+
+std::shared_ptr<ThreadPoolMeeting> callMeeting(int threads)
+{
+    const auto meeting = std::make_shared<ThreadPoolMeeting>();
+    for (int thread = 0; thread < threads; ++thread) {
+        crossplat::threadpool::shared_instance().service().post(
+            [meeting] { meeting->arriveAndWait(); });
+    }
+    return meeting;
+}
 
 bool holdMeeting(std::chrono::steady_clock::time_point deadline)
 {
-    const auto meetingPoint = std::make_shared<MeetingPoint>();
-    for (int thread = 0; thread < threadCount; ++thread) {
-        crossplat::threadpool::shared_instance().service().post(
-            [meetingPoint] { meetingPoint->arriveAndWait(); });
-    }
-    return meetingPoint->waitUntil(deadline);
+    const auto meeting = callMeeting(threadCount);
+    const bool haveAllMet = meeting->waitForThreads(threadCount, deadline);
+    meeting->end();
+    return haveAllMet;
 }
 
 } // namespace
@@ -73,6 +86,17 @@ bool drainThreadPool(std::chrono::milliseconds timeout)
         }
     }
     return true;
+}
+
+OneThreadOfPool::OneThreadOfPool(std::chrono::milliseconds timeout)
+    : meeting(callMeeting(threadCount - 1))
+{
+    meeting->waitForThreads(threadCount - 1, std::chrono::steady_clock::now() + timeout);
+}
+
+OneThreadOfPool::~OneThreadOfPool()
+{
+    meeting->end();
 }
 
 } // namespace kor::veltrano::daemons

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 
 namespace kor::veltrano::daemons {
 
@@ -12,5 +13,22 @@ void initializeThreadPool();
 // library forgets what is queued when the process ends: tasks that never run are never freed. Only
 // where nothing new can come in. Not on a thread of the pool.
 bool drainThreadPool(std::chrono::milliseconds timeout);
+
+class ThreadPoolMeeting;
+
+// Leaves the pool a single thread for as long as it lives, so that no task of the library comes in
+// the middle of another one. Not on a thread of the pool.
+class OneThreadOfPool
+{
+public:
+    // The other threads may be busy: none is waited for longer than the timeout.
+    explicit OneThreadOfPool(std::chrono::milliseconds timeout);
+    ~OneThreadOfPool();
+    OneThreadOfPool(const OneThreadOfPool&) = delete;
+    OneThreadOfPool& operator=(const OneThreadOfPool&) = delete;
+
+private:
+    std::shared_ptr<ThreadPoolMeeting> meeting;
+};
 
 } // namespace kor::veltrano::daemons

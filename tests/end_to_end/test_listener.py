@@ -4,10 +4,12 @@ from __future__ import annotations
 
 import signal
 import socket
+import time
+from concurrent.futures import ThreadPoolExecutor
 
 import pytest
 
-from support.deadlines import wait_for
+from support.deadlines import deadline, wait_for
 
 
 def start_without_listener(new_daemon, fake_robot, listener, complaint):
@@ -105,3 +107,27 @@ def test_the_port_is_free_again_after_the_stop(start_daemon, new_daemon):
     second.launch()
     second.wait_for_output(b"Listening for requests at: ")
     assert wait_for("an answer", lambda: second.get("/data/bumper").status) == 200
+
+def first_replies(daemon, clients):
+    """What so many clients are answered that have asked since before the daemon listened."""
+    end = time.monotonic() + deadline(10.0)
+
+    def ask():
+        while time.monotonic() < end:
+            try:
+                return daemon.get("/data/bumper").status
+            except (ConnectionRefusedError, ConnectionResetError):
+                pass
+        raise AssertionError("never answered")
+
+    with ThreadPoolExecutor(clients) as pool:
+        daemon.launch()
+        return [reply.result() for reply in [pool.submit(ask) for _ in range(clients)]]
+
+
+def test_the_first_requests_after_the_port_has_opened_are_answered_as_any_other(new_daemon):
+    daemon = new_daemon()
+    for _ in range(20):
+        daemon.choose_port()
+        assert first_replies(daemon, clients=3) == [200] * 3
+        assert daemon.stop() == 0
