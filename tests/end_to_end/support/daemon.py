@@ -184,6 +184,10 @@ class Daemon:
         except AssertionError as error:
             raise AssertionError(f"{error}: {self.get(target).body!r}") from None
 
+    def wait_for_text(self, target: str, text: bytes) -> None:
+        """Waits until the body of a GET holds this text."""
+        wait_for(f"{text!r} in {target}", lambda: text in self.get(target).body)
+
     # Output
 
     def stdout(self) -> bytes:

@@ -5,6 +5,7 @@ from __future__ import annotations
 import json
 import socket
 import threading
+import time
 from typing import Any
 
 from support.deadlines import wait_for
@@ -21,8 +22,9 @@ class FakeRobot:
 
     def __init__(self) -> None:
         self._lock = threading.Lock()
-        self._state: dict[str, Params] = {}
-        self._commands: list[tuple[str, Params]] = []
+        self._sending = threading.Lock()
+        self._state: dict[tuple[str, Any], Params] = {}
+        self._commands: list[tuple[float, str, Params]] = []
         self._connections: list[socket.socket] = []
         self._greeted: list[socket.socket] = []
         self._port = 0
@@ -60,7 +62,12 @@ class FakeRobot:
     def show(self, event: str, params: Params) -> None:
         """Sends an event to all clients, and later to those that come."""
         with self._lock:
-            self._state[event] = params
+            self._state[event, params.get("chargerNumber")] = params
+        self.tell(event, params)
+
+    def tell(self, event: str, params: Params) -> None:
+        """Sends an event to the clients that there are, and forgets it."""
+        with self._lock:
             greeted = list(self._greeted)
         for connection in greeted:
             self.send(connection, {"method": event, "params": params})
@@ -70,15 +77,16 @@ class FakeRobot:
         with self._lock:
             greeted = list(self._greeted)
         for connection in greeted:
-            try:
-                connection.sendall(data)
-            except OSError:
-                pass
+            self._send_all(connection, data)
 
     def commands(self, method: str) -> list[Params]:
         """The params of all commands of a method, in order of arrival."""
+        return [params for _, params in self.timed_commands(method)]
+
+    def timed_commands(self, method: str) -> list[tuple[float, Params]]:
+        """The same with the times of arrival, those of time.monotonic()."""
         with self._lock:
-            return [params for name, params in self._commands if name == method]
+            return [(when, params) for when, name, params in self._commands if name == method]
 
     def wait_for_client(self) -> None:
         """Waits until a client has been greeted."""
@@ -100,20 +108,25 @@ class FakeRobot:
             with self._lock:
                 state = dict(self._state)
                 self._greeted.append(connection)
-            for event, params in state.items():
+            for (event, _), params in state.items():
                 self.send(connection, {"method": event, "params": params})
         elif method == "ping":
             self.reply(connection, message, {})
         else:
             with self._lock:
-                self._commands.append((method, message.get("params", {})))
+                self._commands.append((time.monotonic(), method, message.get("params", {})))
 
     def reply(self, connection: socket.socket, request: dict[str, Any], result: Params) -> None:
         self.send(connection, {"id": request["id"], "result": result})
 
     def send(self, connection: socket.socket, message: dict[str, Any]) -> None:
+        self._send_all(connection, json.dumps({"jsonrpc": "2.0", **message}).encode() + b"\n")
+
+    def _send_all(self, connection: socket.socket, data: bytes) -> None:
         try:
-            connection.sendall(json.dumps({"jsonrpc": "2.0", **message}).encode() + b"\n")
+            # A large message goes out in pieces, between which no other may come.
+            with self._sending:
+                connection.sendall(data)
         except OSError:
             pass
 

@@ -21,3 +21,6 @@ class Robot(Protocol):
 
     def commands(self, method: str) -> list[dict[str, Any]]:
         """The params of all commands of a method, in order of arrival."""
+
+    def timed_commands(self, method: str) -> list[tuple[float, dict[str, Any]]]:
+        """The same with the times of arrival, those of time.monotonic()."""

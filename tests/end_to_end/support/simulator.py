@@ -17,6 +17,15 @@ Params = dict[str, Any]
 ADDRESSES = re.compile(r"veltrano-sim: listening on (\S+)\n"
                        r"veltrano-sim: control door on (\S+):(\d+)\n")
 
+
+def charger(params: Params, state: Params) -> Params:
+    return {f"charger{params['chargerNumber']}": state}
+
+
+def without_number(params: Params) -> Params:
+    return {key: value for key, value in params.items() if key != "chargerNumber"}
+
+
 # How the control door takes what an event tells.
 STATE: dict[str, Callable[[Params], Params]] = {
     "analogInputArray.valuesChanged": lambda params: {"analogInputs": params["values"]},
@@ -25,6 +34,10 @@ STATE: dict[str, Callable[[Params], Params]] = {
     "bumper.changed": lambda params: {"bumper": params["value"]},
     "odometry.readings": lambda params: {"odometry": params},
     "controllerInfo.infoChanged": lambda params: {"controllerInfo": {"base64": params["data"]}},
+    "powerManagement.readings": lambda params: {"powerManagement": params},
+    "charger.infoChanged": lambda params: charger(params, without_number(params)),
+    "charger.versionChanged": lambda params: charger(params, {"version": without_number(params)}),
+    "festoolCharger.infoChanged": lambda params: {"festoolCharger": {"base64": params["data"]}},
 }
 
 
@@ -33,7 +46,7 @@ class Simulator:
 
     def __init__(self, folder: Path) -> None:
         self._folder = folder
-        self._state: Params = {}
+        self._changes: list[Params] = []
         self.address = "127.0.0.1:0"
         self.start()
 
@@ -50,8 +63,8 @@ class Simulator:
         self._door = socket.create_connection((listening[2], int(listening[3])),
                                               timeout=deadline(10))
         self._answers = self._door.makefile("rb")
-        if self._state:
-            self.call("state.set", self._state)
+        for change in self._changes:
+            self.call("state.set", change)
 
     def _wait_for_addresses(self, out: Path) -> re.Match[str]:
         try:
@@ -89,10 +102,16 @@ class Simulator:
 
     def show(self, event: str, params: Params) -> None:
         """Holds the state that an event of the protocol would tell."""
-        self._state |= STATE[event](params)
-        self.call("state.set", self._state)
+        change = STATE[event](params)
+        self.call("state.set", change)
+        self._changes.append(change)
 
     def commands(self, method: str) -> list[Params]:
         """The params of all commands of a method, in order of arrival."""
+        return [params for _, params in self.timed_commands(method)]
+
+    def timed_commands(self, method: str) -> list[tuple[float, Params]]:
+        """The same with the times of arrival, those of time.monotonic()."""
         commands = self.call("commands.list")["commands"]
-        return [command["params"] for command in commands if command["method"] == method]
+        return [(command["timeMs"] / 1000, command["params"])
+                for command in commands if command["method"] == method]
