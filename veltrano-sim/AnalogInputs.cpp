@@ -1,6 +1,7 @@
 #include "AnalogInputs.h"
 
 #include "JsonShape.h"
+#include "Noise.h"
 
 #include <cmath>
 
@@ -10,16 +11,6 @@ namespace {
 
 constexpr double measurementS = 0.2;
 constexpr double noiseV = 0.01;
-
-// A number from 0 to 1 that belongs to a seed and an index, the same on every machine.
-double scattered(quint64 seed, quint64 index)
-{
-    quint64 bits = seed + (index + 1) * Q_UINT64_C(0x9e3779b97f4a7c15);
-    bits = (bits ^ (bits >> 30)) * Q_UINT64_C(0xbf58476d1ce4e5b9);
-    bits = (bits ^ (bits >> 27)) * Q_UINT64_C(0x94d049bb133111eb);
-    bits ^= bits >> 31;
-    return static_cast<double>(bits >> 11) * 0x1p-53;
-}
 
 } // namespace
 

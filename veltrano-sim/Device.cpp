@@ -17,6 +17,7 @@ void Device::step(double dtS)
     // The sum of many short steps misses the period by rounding.
     if (untilNewsS <= 1e-9) {
         untilNewsS += periodS;
+        measure();
         announce();
     }
 }

@@ -64,6 +64,8 @@ protected:
     void announce() { newsWaiting = true; }
 
     virtual void simulate(double dtS);
+    // A period has passed, with or without anybody who listens.
+    virtual void measure() { }
     virtual std::vector<Event> news() { return state(); }
     virtual void forgetNews() { }
     virtual void unhold() { }

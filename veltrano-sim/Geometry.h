@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 namespace kor::veltrano::sim {
 
@@ -24,6 +25,14 @@ struct Circle {
     double radius = 0;
 };
 
+// The part of a ray that is inside of something: the ways in m to where it enters and leaves, and
+// the unit vector that stands upright on the surface where it enters, towards the ray's origin.
+struct Passage {
+    double enter = 0;
+    double leave = 0;
+    Point normal;
+};
+
 double dot(Point a, Point b);
 // The z component of the cross product: positive where b points to the left of a.
 double cross(Point a, Point b);
@@ -39,5 +48,9 @@ Point nearestOn(const Segment& segment, Point p);
 std::optional<double> rayToSegment(Point origin, Point ray, const Segment& segment);
 // The way from origin, outside of the circle, along the unit vector ray to the circle.
 std::optional<double> rayToCircle(Point origin, Point ray, const Circle& circle);
+// The passage from origin, outside of the circle, along the unit vector ray.
+std::optional<Passage> rayThroughCircle(Point origin, Point ray, const Circle& circle);
+// The passages from origin, outside of the polygon, along the unit vector ray, the nearest first.
+std::vector<Passage> rayThroughPolygon(Point origin, Point ray, const std::vector<Point>& corners);
 
 } // namespace kor::veltrano::sim

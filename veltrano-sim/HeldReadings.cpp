@@ -68,6 +68,10 @@ QString HeldReadings::misfit(const QString& name, const QJsonValue& present,
     if (present.isDouble()) {
         return toNumber(given) ? QString() : QStringLiteral("a number");
     }
+    if (present.isArray()) {
+        const bool fits = toNumbers(given, given.toArray().size()).has_value();
+        return fits ? QString() : QStringLiteral("an array of numbers");
+    }
     if (given.type() == present.type()) {
         return {};
     }

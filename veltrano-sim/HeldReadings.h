@@ -21,7 +21,7 @@ public:
 
 protected:
     // wholeNumbers names the readings that are such; those in largeWholeNumbers go up to 2^32 - 1
-    // and not below 0.
+    // and not below 0. An array is one of numbers, and may be set with any number of them.
     HeldReadings(const QString& key, double newsPeriodS, const QStringList& wholeNumbers,
                  const QStringList& largeWholeNumbers = {});
 

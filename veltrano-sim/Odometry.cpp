@@ -13,23 +13,13 @@ constexpr double readingS = 0.04;
 
 Odometry::Odometry(const Robot& tracked)
     : HeldReadings(QStringLiteral("odometry"), readingS, {QStringLiteral("sequence")}),
-      robot(tracked),
-      untilReadingS(readingS)
+      robot(tracked)
 {
 }
 
 std::vector<Event> Odometry::state() const
 {
     return {{QStringLiteral("odometry.readings"), readings()}};
-}
-
-void Odometry::simulate(double dtS)
-{
-    untilReadingS -= dtS;
-    if (untilReadingS <= 1e-9) {
-        untilReadingS += readingS;
-        ++sequence;
-    }
 }
 
 QJsonObject Odometry::simulated() const

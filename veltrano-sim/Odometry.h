@@ -18,12 +18,11 @@ public:
     std::vector<Event> state() const override;
 
 protected:
-    void simulate(double dtS) override;
+    void measure() override { ++sequence; }
     QJsonObject simulated() const override;
 
 private:
     const Robot& robot;
-    double untilReadingS;
     int sequence = 0;
 };
 

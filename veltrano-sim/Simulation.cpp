@@ -3,9 +3,11 @@
 #include "AnalogInputs.h"
 #include "Battery.h"
 #include "Bumper.h"
+#include "Camera.h"
 #include "Charger.h"
 #include "DigitalInputs.h"
 #include "DistanceSensors.h"
+#include "LaserRangeFinder.h"
 #include "Odometry.h"
 #include "OutputArray.h"
 #include "PowerManagement.h"
@@ -49,6 +51,8 @@ Simulation::Simulation(const World& surroundings, quint64 seed) : world(surround
                 controllerRecord);
     add<Record>(QStringLiteral("festoolCharger"), QStringLiteral("festoolCharger.infoChanged"),
                 [&battery] { return batteryPackRecord(battery); });
+    add<Camera>(world, robot);
+    add<LaserRangeFinder>(world, robot, seed);
 }
 
 void Simulation::step(double dtS)

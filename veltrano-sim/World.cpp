@@ -7,6 +7,8 @@ namespace kor::veltrano::sim {
 
 namespace {
 
+constexpr double markToWallM = 0.01;
+
 // Counts the edges that a line from p to the right crosses.
 bool isInside(const World::Polygon& corners, Point p)
 {
@@ -27,12 +29,26 @@ bool isInside(const World::Polygon& corners, Point p)
 
 } // namespace
 
+bool World::addMark(const Mark& mark)
+{
+    for (Wall& wall : wallList) {
+        Mark painted = mark;
+        painted.line = {nearestOn(wall.line, mark.line.from), nearestOn(wall.line, mark.line.to)};
+        if (length(painted.line.from - mark.line.from) <= markToWallM
+            && length(painted.line.to - mark.line.to) <= markToWallM) {
+            wall.marks.push_back(painted);
+            return true;
+        }
+    }
+    return false;
+}
+
 void World::addPolygon(const Polygon& corners)
 {
     polygons.push_back(corners);
     Point previous = corners.back();
     for (const Point& corner : corners) {
-        segments.push_back({previous, corner});
+        edges.push_back({previous, corner});
         previous = corner;
     }
 }
@@ -40,13 +56,17 @@ void World::addPolygon(const Polygon& corners)
 World::Surface World::nearestSurface(Point p) const
 {
     Surface nearest{p, std::numeric_limits<double>::infinity()};
-    for (const Segment& segment : segments) {
+    const auto approach = [&nearest, p](const Segment& segment) {
         const Point candidate = nearestOn(segment, p);
         const double distance = length(candidate - p);
         if (distance < nearest.distance) {
             nearest = {candidate, distance};
         }
+    };
+    for (const Wall& wall : wallList) {
+        approach(wall.line);
     }
+    std::for_each(edges.begin(), edges.end(), approach);
     for (const Circle& circle : circles) {
         const Point offset = p - circle.center;
         const double range = length(offset);
@@ -68,16 +88,36 @@ bool World::isSolid(Point p) const
         || std::any_of(polygons.begin(), polygons.end(), isInsidePolygon);
 }
 
-double World::rayLength(Point origin, Point ray, double limit) const
+std::optional<World::Hit> World::firstWall(Point origin, Point ray, double limit) const
 {
-    double nearest = limit;
-    for (const Segment& segment : segments) {
-        nearest = std::min(nearest, rayToSegment(origin, ray, segment).value_or(limit));
+    Hit nearest{limit, nullptr};
+    for (const Wall& wall : wallList) {
+        const double way = rayToSegment(origin, ray, wall.line).value_or(limit);
+        if (way < nearest.way) {
+            nearest = {way, &wall};
+        }
+    }
+    return nearest.wall ? std::optional(nearest) : std::nullopt;
+}
+
+std::optional<World::Hit> World::firstHit(Point origin, Point ray, double limit) const
+{
+    const std::optional<Hit> wall = firstWall(origin, ray, limit);
+    const double wallWay = wall ? wall->way : limit;
+    double nearest = wallWay;
+    for (const Segment& edge : edges) {
+        nearest = std::min(nearest, rayToSegment(origin, ray, edge).value_or(limit));
     }
     for (const Circle& circle : circles) {
         nearest = std::min(nearest, rayToCircle(origin, ray, circle).value_or(limit));
     }
-    return nearest;
+    return nearest < wallWay ? Hit{nearest, nullptr} : wall;
+}
+
+double World::rayLength(Point origin, Point ray, double limit) const
+{
+    const std::optional<Hit> hit = firstHit(origin, ray, limit);
+    return hit ? hit->way : limit;
 }
 
 } // namespace kor::veltrano::sim

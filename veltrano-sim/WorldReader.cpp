@@ -11,6 +11,11 @@ namespace {
 
 constexpr double shortestM = 1e-6;
 constexpr int mostThings = 10000;
+// Where a mark is painted that says nothing of its height.
+constexpr double markBottomM = 0.35;
+constexpr double markTopM = 0.85;
+const QLatin1String fromKey("from");
+const QLatin1String toKey("to");
 
 QString memberOf(const QString& path, const QString& name)
 {
@@ -26,9 +31,10 @@ QString entryOf(const QString& path, int index)
 
 World WorldReader::read(const QJsonObject& given)
 {
-    const QJsonObject members = object(given, {},
-                                       {QStringLiteral("name"), QStringLiteral("start"),
-                                        QStringLiteral("walls"), QStringLiteral("obstacles")});
+    const QJsonObject members =
+        object(given, {},
+               {QStringLiteral("name"), QStringLiteral("start"), QStringLiteral("walls"),
+                QStringLiteral("obstacles"), QStringLiteral("marks")});
     World world;
     const QJsonValue name = members.value(QStringLiteral("name"));
     if (!name.isString()) {
@@ -38,6 +44,7 @@ World WorldReader::read(const QJsonObject& given)
     world.setStart(pose(members.value(QStringLiteral("start")), QStringLiteral("start")));
     readWalls(world, members);
     readObstacles(world, members);
+    readMarks(world, members);
     checkStart(world);
     return world;
 }
@@ -48,15 +55,7 @@ void WorldReader::readWalls(World& world, const QJsonObject& members)
     const QJsonArray walls = list(members.value(name), name);
     for (int index = 0; index < walls.size(); ++index) {
         const QString path = entryOf(name, index);
-        const QString from = QStringLiteral("from");
-        const QString to = QStringLiteral("to");
-        const QJsonObject wall = object(walls.at(index), path, {from, to});
-        const Segment segment{point(wall.value(from), memberOf(path, from)),
-                              point(wall.value(to), memberOf(path, to))};
-        if (length(segment.to - segment.from) < shortestM) {
-            fail(path, QStringLiteral("must be longer than nothing"));
-        }
-        world.addWall(segment);
+        world.addWall(segment(object(walls.at(index), path, {fromKey, toKey}), path));
     }
 }
 
@@ -111,6 +110,38 @@ void WorldReader::readPolygon(World& world, const QJsonValue& value, const QStri
     world.addPolygon(corners);
 }
 
+void WorldReader::readMarks(World& world, const QJsonObject& members)
+{
+    const QString name = QStringLiteral("marks");
+    const QJsonArray marks =
+        members.contains(name) ? list(members.value(name), name) : QJsonArray();
+    for (int index = 0; index < marks.size(); ++index) {
+        readMark(world, marks.at(index), entryOf(name, index));
+    }
+}
+
+void WorldReader::readMark(World& world, const QJsonValue& value, const QString& path)
+{
+    const QString colorKey = QStringLiteral("color");
+    const QString heightKey = QStringLiteral("height");
+    const QJsonObject members = object(value, path, {fromKey, toKey, colorKey, heightKey});
+    Mark mark{segment(members, path), markBottomM, markTopM,
+              color(members.value(colorKey), memberOf(path, colorKey))};
+    if (members.contains(heightKey)) {
+        const auto height = toNumbers(members.value(heightKey), 2).value_or(std::vector{0.0, 0.0});
+        mark.bottomM = height[0];
+        mark.topM = height[1];
+    }
+    if (mark.bottomM < 0 || mark.topM <= mark.bottomM || mark.topM > World::wallHeightM) {
+        fail(memberOf(path, heightKey),
+             QStringLiteral("must be an array of two rising numbers from 0 to %1, in m")
+                 .arg(World::wallHeightM));
+    }
+    if (!world.addMark(mark)) {
+        fail(path, QStringLiteral("must lie on one of the walls"));
+    }
+}
+
 void WorldReader::checkStart(const World& world)
 {
     if (!Body(world).fits({world.start().x, world.start().y})) {
@@ -129,6 +160,25 @@ double WorldReader::number(const QJsonValue& value, const QString& path)
         fail(path, QStringLiteral("must be within -10000 and 10000"));
     }
     return result.value_or(0);
+}
+
+Color WorldReader::color(const QJsonValue& value, const QString& path)
+{
+    const std::optional<Color> result = toColor(value.toString());
+    if (!result) {
+        fail(path, QStringLiteral("must be a colour of the form #rrggbb"));
+    }
+    return result.value_or(Color{});
+}
+
+Segment WorldReader::segment(const QJsonObject& members, const QString& path)
+{
+    const Segment result{point(members.value(fromKey), memberOf(path, fromKey)),
+                         point(members.value(toKey), memberOf(path, toKey))};
+    if (length(result.to - result.from) < shortestM) {
+        fail(path, QStringLiteral("must be longer than nothing"));
+    }
+    return result;
 }
 
 Point WorldReader::point(const QJsonValue& value, const QString& path)

@@ -27,9 +27,13 @@ private:
     void readObstacle(World& world, const QJsonValue& value, const QString& path);
     void readCircle(World& world, const QJsonValue& value, const QString& path);
     void readPolygon(World& world, const QJsonValue& value, const QString& path);
+    void readMarks(World& world, const QJsonObject& members);
+    void readMark(World& world, const QJsonValue& value, const QString& path);
     void checkStart(const World& world);
 
     double number(const QJsonValue& value, const QString& path);
+    Color color(const QJsonValue& value, const QString& path);
+    Segment segment(const QJsonObject& members, const QString& path);
     Point point(const QJsonValue& value, const QString& path);
     Pose pose(const QJsonValue& value, const QString& path);
     QJsonArray list(const QJsonValue& value, const QString& path);

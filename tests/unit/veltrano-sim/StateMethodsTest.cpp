@@ -92,9 +92,10 @@ TEST(StateMethodsTest, GetShowsEverything)
     const QStringList members = robot.call(QStringLiteral("state.get")).keys();
     EXPECT_EQ(
         members.join(QLatin1Char(' ')).toStdString(),
-        "analogInputs battery bumper charger0 charger1 clients commandedVelocity controllerInfo "
-        "digitalInputs digitalOutputs distanceVoltages distances festoolCharger held odometry "
-        "pose powerManagement relays subscriptions timeS velocity world");
+        "analogInputs battery bumper camera charger0 charger1 clients commandedVelocity "
+        "controllerInfo digitalInputs digitalOutputs distanceVoltages distances festoolCharger "
+        "held laserRangeFinder odometry pose powerManagement relays subscriptions timeS velocity "
+        "world");
 }
 
 TEST(StateMethodsTest, PoseVelocityOutputsAndBatteryAreSetButNotHeld)

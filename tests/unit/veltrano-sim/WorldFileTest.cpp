@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadWorld{"StartTooFar", R"({"name":"w","start":{"x":1e5,"y":0,"phi":0},"walls":[]})",
                  "start.x must be within -10000 and 10000"},
         BadWorld{"UnknownMember", R"({$,"walls":[],"wals":[]})",
-                 "wals is unknown; known are name, start, walls, obstacles"},
+                 "wals is unknown; known are name, start, walls, obstacles, marks"},
         BadWorld{"NoWalls", "{$}", "walls must be an array"},
         BadWorld{"WallAsArray", R"({$,"walls":[[0,0,1,1]]})", "walls[0] must be an object"},
         BadWorld{"WallWithoutTo", R"({$,"walls":[{"from":[1,1]}]})",
@@ -104,7 +104,7 @@ TEST(WorldFileTest, AWholeWorldIsRead)
     EXPECT_EQ(outcome.world->name().toStdString(), "hall");
     EXPECT_DOUBLE_EQ(outcome.world->start().y, 2);
     EXPECT_LT(outcome.world->start().phi, 0) << "the angle is wrapped";
-    EXPECT_EQ(outcome.world->edges().size(), 4U);
+    EXPECT_EQ(outcome.world->walls().size(), 1U);
     EXPECT_EQ(outcome.world->roundObstacles().size(), 1U);
     EXPECT_TRUE(outcome.world->isSolid({3.9, 1.5}));
 }
