@@ -7,7 +7,7 @@ import threading
 
 import pytest
 
-PASSWORDS = {"Login/operator": "driver", "Login/administrator": "chief"}
+from support.sessions import PASSWORDS
 
 
 def login(daemon, sid, body, method="PUT"):

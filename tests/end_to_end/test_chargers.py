@@ -7,6 +7,8 @@ import json
 
 import pytest
 
+from support.sessions import PASSWORDS
+
 JSON = "application/json; charset=utf-8"
 CHARGERS = ["/data/charger0", "/data/charger1"]
 RECORD = "/data/festoolcharger"
@@ -139,8 +141,7 @@ def test_anyone_may_read_them(start_connected, fake_robot):
     show(fake_robot, 0)
     show(fake_robot, 1)
     fake_robot.show("festoolCharger.infoChanged", {"data": base64.b64encode(b"open").decode()})
-    daemon = start_connected(
-        fake_robot, settings={"Login/operator": "driver", "Login/administrator": "chief"})
+    daemon = start_connected(fake_robot, settings=PASSWORDS)
     daemon.wait_for_reply("/data/charger0", rendered(0))
     daemon.wait_for_reply("/data/charger1", rendered(1))
     daemon.wait_for_reply(RECORD, b"open")

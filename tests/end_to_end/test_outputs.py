@@ -7,6 +7,7 @@ import json
 import pytest
 
 from support.deadlines import wait_for
+from support.sessions import PASSWORDS, log_in
 
 DIGITAL = "/data/digitaloutputarray"
 RELAYS = "/data/relayarray"
@@ -116,26 +117,23 @@ def test_text_that_is_no_json_is_accepted_and_changes_nothing(start_connected, f
 @both_paths
 @pytest.mark.parametrize("method", ["PUT", "POST"])
 def test_a_guest_is_refused_and_an_operator_is_not(start_connected, robot, path, method):
-    daemon = start_connected(
-        robot, settings={"Login/operator": "driver", "Login/administrator": "chief"})
+    daemon = start_connected(robot, settings=PASSWORDS)
     message = f"Error: DataHandler::setData with path {path}"
     daemon.expect_log(message)
     body = json.dumps([1] * len(LAST[path])).encode()
     for sid in ["", "?sid=", "?sid=unknown", "?SID=driver"]:
         assert_empty(daemon.request(method, path + sid, body), 400)
-    daemon.put("/data/login?sid=driver", b'{"role": "operator", "password": "driver"}')
+    log_in(daemon, "driver", "operator")
     assert finish(daemon, robot, path, f"{path}?sid=driver") == []
     daemon.stop()
     assert daemon.messages().count(message) == 4
 
 
 @both_paths
-@pytest.mark.parametrize("role, password", [("operator", "driver"), ("admin", "chief")])
-def test_operator_and_admin_may_switch(start_connected, fake_robot, path, role, password):
-    daemon = start_connected(
-        fake_robot, settings={"Login/operator": "driver", "Login/administrator": "chief"})
-    body = json.dumps({"role": role, "password": password}).encode()
-    daemon.put("/data/login?sid=me", body)
+@pytest.mark.parametrize("role", ["operator", "admin"])
+def test_operator_and_admin_may_switch(start_connected, fake_robot, path, role):
+    daemon = start_connected(fake_robot, settings=PASSWORDS)
+    log_in(daemon, "me", role)
     assert finish(daemon, fake_robot, path, f"{path}?sid=me") == []
 
 

@@ -4,6 +4,8 @@ from __future__ import annotations
 
 import pytest
 
+from support.sessions import PASSWORDS
+
 JSON = "application/json; charset=utf-8"
 POWER = "/data/powermanagement"
 
@@ -76,8 +78,7 @@ def test_a_text_of_any_kind_is_valid_json(start_connected, fake_robot, battery, 
 
 def test_anyone_may_read_it(start_connected, fake_robot):
     fake_robot.show("powerManagement.readings", READING)
-    daemon = start_connected(
-        fake_robot, settings={"Login/operator": "driver", "Login/administrator": "chief"})
+    daemon = start_connected(fake_robot, settings=PASSWORDS)
     daemon.wait_for_reply(POWER, READING_AS_TOLD)
 
 

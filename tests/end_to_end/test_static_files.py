@@ -10,6 +10,7 @@ import threading
 import pytest
 
 from support.deadlines import wait_for
+from support.sessions import PASSWORDS
 
 HTML = "text/html; charset=utf-8"
 
@@ -71,8 +72,7 @@ def test_only_the_root_has_an_index(start_daemon, web):
 
 def test_files_need_no_login(start_daemon, web):
     (web / "a.js").write_bytes(b"open")
-    daemon = start_daemon(resources=web,
-                          settings={"Login/operator": "driver", "Login/administrator": "chief"})
+    daemon = start_daemon(resources=web, settings=PASSWORDS)
     assert daemon.get("/a.js").body == b"open"
 
 

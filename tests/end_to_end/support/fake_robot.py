@@ -88,9 +88,18 @@ class FakeRobot:
         with self._lock:
             return [(when, params) for when, name, params in self._commands if name == method]
 
+    def clear_commands(self) -> None:
+        """Forgets the commands so far."""
+        with self._lock:
+            self._commands.clear()
+
+    def has_client(self) -> bool:
+        """True while a client that has been greeted is connected."""
+        return bool(self._greeted)
+
     def wait_for_client(self) -> None:
         """Waits until a client has been greeted."""
-        wait_for("a client of the robot", lambda: self._greeted)
+        wait_for("a client of the robot", self.has_client)
 
     # What each connection's thread does
 

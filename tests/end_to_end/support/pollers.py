@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import threading
+from typing import Sequence
 
 from support.http import Connection, request_bytes
 
@@ -22,7 +23,8 @@ class Pollers:
     does of it shows elsewhere.
     """
 
-    def __init__(self, count: int) -> None:
+    def __init__(self, count: int, requests: Sequence[bytes] = REQUESTS) -> None:
+        self._requests = requests
         self._replies = 0
         self._port = 0
         self._has_port = threading.Event()
@@ -66,7 +68,7 @@ class Pollers:
     def _talk(self, port: int, keeps_connection: bool, number: int) -> None:
         with Connection(port, 2) as connection:
             for turn in range(1_000_000 if keeps_connection else 1):
-                connection.send(REQUESTS[(number + turn) % len(REQUESTS)])
+                connection.send(self._requests[(number + turn) % len(self._requests)])
                 connection.read_reply()
                 self._replies += 1
                 if self._port != port:

@@ -1,0 +1,214 @@
+"""The stop that the daemon sends when drive commands no longer come.
+
+All times are those at which the commands reach the robot. A test sleeps only to choose when its
+next request comes, or to see that nothing more comes.
+"""
+
+from __future__ import annotations
+
+import base64
+import statistics
+import time
+
+import pytest
+
+from support.deadlines import wait_for
+from support.drive import (DRIVE, EARLIEST_STOP, LATEST_STOP, STANDSTILL, TOLERANCE,
+                           timed_velocities, velocities, wait_for_all_commands)
+from support.http import request_bytes
+from support.pollers import Pollers
+from support.sessions import PASSWORDS, log_in
+
+SHORTEST = EARLIEST_STOP - TOLERANCE
+LONGEST = LATEST_STOP + TOLERANCE
+
+SCAN = {"seq": 1, "stamp": 2, "angle_min": -2.0, "angle_max": 2.0, "angle_increment": 0.01,
+        "time_increment": 0, "scan_time": 0.1, "range_min": 0.1, "range_max": 30,
+        "ranges": [index / 8 for index in range(400)], "intensities": [7] * 400}
+IMAGE = {"format": "jpeg", "width": 640, "height": 480, "step": 0,
+         "data": base64.b64encode(bytes(100_000)).decode()}
+
+
+def wait_for_stop(robot, count=1):
+    """Waits for so many commands to stop."""
+    wait_for(f"{count} stops", lambda: velocities(robot).count(STANDSTILL) >= count)
+
+
+def wait_and_see(robot):
+    """All commands of a robot, when none has come for more than twice the watchdog's time."""
+    start = time.monotonic()
+    while True:
+        commands = timed_velocities(robot)
+        quiet_since = commands[-1][0] if commands else start
+        rest = quiet_since + 2 * LATEST_STOP - time.monotonic()
+        if rest < 0:
+            return commands
+        time.sleep(rest)
+
+
+def delays_of_stops(commands):
+    """How long after the last command each stop came; none may be missing and none repeated."""
+    delays = []
+    for (before, command), (after, following) in zip(commands, commands[1:]):
+        if command == STANDSTILL:
+            assert following != STANDSTILL, "a second stop"
+        elif following == STANDSTILL:
+            delays.append(after - before)
+        else:
+            assert after - before <= LONGEST, "no stop"
+    return delays
+
+
+def assert_in_time(delays):
+    """No stop is early or late, and in the middle it is what the watchdog's ticks make it."""
+    assert all(SHORTEST <= delay <= LONGEST for delay in delays), delays
+    assert EARLIEST_STOP <= statistics.median(delays) <= LATEST_STOP, delays
+
+
+def test_without_a_command_nothing_is_sent(start_connected, fake_robot):
+    start_connected(fake_robot)
+    assert wait_and_see(fake_robot) == []
+
+
+def test_each_command_that_is_the_last_is_followed_by_one_stop(start_connected, robot):
+    daemon = start_connected(robot)
+    for trial in range(8):
+        # From all over the watchdog's tick of 100 ms.
+        time.sleep(trial * 0.0125)
+        assert daemon.put(DRIVE, b"[1]").status == 200
+        wait_for_stop(robot, trial + 1)
+    commands = wait_and_see(robot)
+    assert [command for _, command in commands] == [(1, 0, 0), STANDSTILL] * 8
+    assert_in_time(delays_of_stops(commands))
+
+
+def drive_every_300_ms(daemon, robot):
+    """Ten commands; False where the machine was too slow to send them so often."""
+    before = len(velocities(robot))
+    with daemon.connect() as connection:
+        start = time.monotonic()
+        for number in range(10):
+            time.sleep(max(0.0, start + number * 0.3 - time.monotonic()))
+            assert connection.request("PUT", DRIVE, b"[1]").status == 200
+    wait_for_stop(robot)
+    times = [when for when, command in timed_velocities(robot)[before:] if command != STANDSTILL]
+    return max(after - start for start, after in zip(times, times[1:])) < EARLIEST_STOP - 0.02
+
+
+def test_a_command_every_300_ms_keeps_the_robot_moving(start_connected, fake_robot):
+    daemon = start_connected(fake_robot)
+    while not drive_every_300_ms(daemon, fake_robot):
+        wait_and_see(fake_robot)
+        fake_robot.clear_commands()
+    commands = wait_and_see(fake_robot)
+    assert [command for _, command in commands] == [(1, 0, 0)] * 10 + [STANDSTILL]
+
+
+@pytest.mark.parametrize("body, at_once, complaint", [
+    pytest.param(b"[9]", [STANDSTILL], "vx out of bounds", id="beyond a limit"),
+    pytest.param(b"no json", [], "Invalid JSON", id="no JSON"),
+    pytest.param(b"[]", [STANDSTILL], None, id="no number"),
+])
+def test_a_request_that_does_not_drive_arms_the_watchdog_too(start_connected, fake_robot, body,
+                                                             at_once, complaint):
+    daemon = start_connected(fake_robot)
+    if complaint:
+        daemon.expect_log(complaint)
+    start = time.monotonic()
+    daemon.put(DRIVE, body)
+    end = time.monotonic()
+    commands = wait_and_see(fake_robot)
+    assert [command for _, command in commands] == [*at_once, STANDSTILL]
+    assert start + SHORTEST <= commands[-1][0] <= end + LONGEST
+
+
+def test_a_refused_body_lets_the_last_good_command_go_on_for_its_time(start_connected, fake_robot):
+    daemon = start_connected(fake_robot)
+    daemon.expect_log("Invalid JSON")
+    daemon.put(DRIVE, b"[1]")
+    time.sleep(0.2)
+    start = time.monotonic()
+    daemon.put(DRIVE, b"no json")
+    end = time.monotonic()
+    commands = wait_and_see(fake_robot)
+    assert [command for _, command in commands] == [(1, 0, 0), STANDSTILL]
+    assert start + SHORTEST <= commands[-1][0] <= end + LONGEST
+
+
+def test_a_guest_does_not_keep_the_robot_moving(start_connected, fake_robot):
+    daemon = start_connected(fake_robot, settings=PASSWORDS)
+    daemon.expect_log(f"Error: DataHandler::setData with path {DRIVE}")
+    log_in(daemon, "driver", "operator")
+    assert daemon.put(DRIVE + "?sid=driver", b"[1]").status == 200
+
+    def has_stopped():
+        assert daemon.put(DRIVE, b"[1]").status == 400
+        return STANDSTILL in velocities(fake_robot)
+
+    wait_for("the stop", has_stopped)
+    commands = wait_and_see(fake_robot)
+    assert [command for _, command in commands] == [(1, 0, 0), STANDSTILL]
+    assert commands[1][0] - commands[0][0] <= LONGEST
+
+
+def test_a_guest_arms_nothing(start_connected, fake_robot):
+    daemon = start_connected(fake_robot, settings=PASSWORDS)
+    daemon.expect_log(f"Error: DataHandler::setData with path {DRIVE}")
+    assert daemon.put(DRIVE, b"[1]").status == 400
+    assert wait_and_see(fake_robot) == []
+
+
+def test_a_stop_is_not_repeated_when_the_robot_comes_back(start_connected, fake_robot):
+    daemon = start_connected(fake_robot)
+    daemon.put(DRIVE, b"[1]")
+    wait_for_stop(fake_robot)
+    fake_robot.drop()
+    daemon.wait_for_message("Connected", count=2)
+    wait_for_all_commands(daemon, fake_robot)
+    assert velocities(fake_robot) == [(1, 0, 0), STANDSTILL]
+
+
+def test_the_end_of_the_daemon_sends_no_stop(start_connected, fake_robot):
+    daemon = start_connected(fake_robot)
+    daemon.put(DRIVE, b"[1]")
+    assert daemon.stop() == 0
+    wait_for("the end of the connection", lambda: not fake_robot.has_client())
+    commands = timed_velocities(fake_robot)
+    assert commands[0][1] == (1, 0, 0)
+    # On a slow machine the watchdog may have sent its own before the daemon came to its end.
+    assert all(when - commands[0][0] >= SHORTEST for when, _ in commands[1:])
+
+
+@pytest.fixture
+def crowd():
+    """32 clients that ask for scans and images as fast as they can."""
+    pollers = Pollers(32, [request_bytes("GET", "/data/scan0"), request_bytes("GET", "/cam0")])
+    yield pollers
+    pollers.close()
+
+
+def feed(simulator):
+    simulator.call("clients.sendEvent", {"method": "laserRangeFinder.scan", "params": SCAN})
+    simulator.call("clients.sendEvent", {"method": "camera.imageReceived", "params": IMAGE})
+
+
+def test_the_stop_is_in_time_among_clients_of_scanner_and_camera(start_connected, simulator,
+                                                                 crowd):
+    daemon = start_connected(simulator)
+    crowd.poll(daemon.port)
+    wait_for("the crowd", lambda: crowd.replies > 100)
+    with daemon.connect() as connection:
+        for _ in range(6):
+            for _ in range(10):
+                feed(simulator)
+                assert connection.request("PUT", DRIVE, b"[1]").status == 200
+                time.sleep(0.05)
+            while velocities(simulator)[-1] != STANDSTILL:
+                feed(simulator)
+                time.sleep(0.05)
+    commands = timed_velocities(simulator)
+    assert [command for _, command in commands].count((1, 0, 0)) == 60
+    delays = delays_of_stops(commands)
+    assert len(delays) >= 6
+    assert_in_time(delays)
+    assert crowd.replies > 1000
