@@ -3,22 +3,30 @@
 
 usage: http_ratios.py BIN_DIR [ROUNDS [SECONDS]]
 
-Both servers run all the time, unconnected to any robot; wrk loads one and then the other, 32
-keep-alive connections, so that a change of the machine's speed meets both. Prints the median of the
-rounds' ratios for each request, and its smallest and largest.
+Both servers run all the time, the daemon with a robot that has sent one scan and one image and is
+quiet then; wrk loads one and then the other, so that a change of the machine's speed meets both.
+Prints the median of the rounds' ratios for each request, and its smallest and largest.
 """
 
-import re
-import socket
+from __future__ import annotations
+
+import base64
+import math
+import random
 import statistics
-import subprocess
 import sys
 import tempfile
+import urllib.error
 import urllib.request
 from dataclasses import dataclass
 from pathlib import Path
 
-CONNECTIONS = 32
+from harness.servers import Server, bare_listener, daemon, requests_per_second
+from support.deadlines import wait_for
+from support.fake_robot import FakeRobot
+
+RAYS = 541
+IMAGE_BYTES = 60_000
 PUT_SCRIPT = """
 wrk.method = "PUT"
 wrk.body = "[true,0            ]"
@@ -29,89 +37,90 @@ wrk.body = "[true,0            ]"
 class Case:
     title: str
     path: str
-    is_put: bool
     goal: float
+    # What the bare listener does for its reply.
+    kind: str = "text"
+    connections: int = 32
+    is_put: bool = False
+    program: str = "tessarad"
 
 
 CASES = (
-    Case("GET /data/bumper", "/data/bumper", False, 0.93),
-    Case("GET /data/odometry", "/data/odometry", False, 0.85),
-    Case("PUT /data/relayarray, 20 bytes", "/data/relayarray", True, 0.75),
+    Case("GET /data/bumper", "/data/bumper", 0.93),
+    Case("GET /data/odometry", "/data/odometry", 0.85),
+    Case("PUT /data/relayarray, 20 bytes", "/data/relayarray", 0.75, is_put=True),
+    Case("GET /data/scan0, 541 rays", "/data/scan0", 0.85, kind="scan", connections=8),
+    Case("GET /cam0, 60 kB", "/cam0", 0.85, kind="image", connections=8,
+         program="tessarad-endless-camera"),
 )
 
 
-def free_port() -> int:
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
+def scan() -> dict:
+    """Walls at 1 to 5 m, with the digits of real measurements."""
+    generator = random.Random(1)
+    return {
+        "seq": 1, "stamp": 100, "angle_min": -0.75 * math.pi, "angle_max": 0.75 * math.pi,
+        "angle_increment": math.radians(0.5), "time_increment": 0.0, "scan_time": 0.1,
+        "range_min": 0.02, "range_max": 5.6,
+        "ranges": [generator.uniform(1, 5) for _ in range(RAYS)],
+        "intensities": [generator.uniform(0, 4000) for _ in range(RAYS)],
+    }
 
 
-class Server:
-    """A process that says when it listens, ended with the block."""
-
-    def __init__(self, arguments: list[str], folder: Path) -> None:
-        self.process = subprocess.Popen(arguments, cwd=folder, stdout=subprocess.PIPE,
-                                        stderr=subprocess.DEVNULL, text=True)
-        for line in self.process.stdout:
-            if "Listening for requests at: " in line:
-                return
-        raise SystemExit(f"{arguments[0]} has ended")
-
-    def __enter__(self) -> "Server":
-        return self
-
-    def __exit__(self, *_: object) -> None:
-        self.process.kill()
-        self.process.wait()
+def image() -> dict:
+    data = b"\xff\xd8" + random.Random(2).randbytes(IMAGE_BYTES - 4) + b"\xff\xd9"
+    return {"format": "jpeg", "width": 640, "height": 480, "step": 0,
+            "data": base64.b64encode(data).decode()}
 
 
-def requests_per_second(url: str, seconds: int, script: Path | None) -> float:
-    command = ["wrk", "-t", "1", "-c", str(CONNECTIONS), "-d", f"{seconds}s"]
-    command += ["-s", str(script)] if script else []
-    output = subprocess.run([*command, url], check=True, capture_output=True, text=True).stdout
-    if "Non-2xx" in output or "Socket errors" in output:
-        raise SystemExit(f"{url}: failed requests\n{output}")
-    return float(re.search(r"Requests/sec:\s+([\d.]+)", output).group(1))
+def fetch(url: str) -> bytes:
+    try:
+        with urllib.request.urlopen(url) as reply:
+            return reply.read()
+    except urllib.error.HTTPError:
+        return b""
 
 
-def fetch(url: str) -> str:
-    with urllib.request.urlopen(url) as reply:
-        return reply.read().decode()
+def measured_content(server: Server, case: Case, robot: FakeRobot) -> bytes:
+    """What the daemon replies once the robot's data has reached it."""
+
+    def content() -> bytes:
+        body = fetch(server.url(case.path))
+        robot.tell("laserRangeFinder.scan", scan())
+        robot.tell("camera.imageReceived", image())
+        return body if case.kind == "text" or len(body) > 10_000 else b""
+
+    return wait_for(case.path, content)
 
 
-def compare(case: Case, binaries: Path, folder: Path, daemon_port: int, rounds: int,
-            seconds: int) -> None:
+def compare(case: Case, folder: Path, rounds: int, seconds: int) -> None:
     script = folder / "put.lua"
     script.write_text(PUT_SCRIPT)
-    bare_port = free_port()
-    text = "" if case.is_put else fetch(f"http://127.0.0.1:{daemon_port}{case.path}")
-    bare = [str(binaries / "bare-listener"), f"http://127.0.0.1:{bare_port}", text]
-    with Server(bare, folder):
-        ratios, rates = [], []
-        for _ in range(rounds):
-            rate, bare_rate = (
-                requests_per_second(f"http://127.0.0.1:{port}{case.path}", seconds,
-                                    script if case.is_put else None)
-                for port in (daemon_port, bare_port))
-            ratios.append(rate / bare_rate)
-            rates.append(rate)
+    robot = FakeRobot()
+    with daemon(folder, robot.address, case.program) as server:
+        robot.wait_for_client()
+        content = b"" if case.is_put else measured_content(server, case, robot)
+        with bare_listener(folder, case.kind, content) as bare:
+            ratios, rates = [], []
+            for _ in range(rounds):
+                rate, bare_rate = (
+                    requests_per_second(each.url(case.path), case.connections, seconds,
+                                        script if case.is_put else None)
+                    for each in (server, bare))
+                ratios.append(rate / bare_rate)
+                rates.append(rate)
+    robot.stop()
     print(f"{case.title:32} {statistics.median(ratios):.3f} of the bare listener "
           f"({min(ratios):.3f} to {max(ratios):.3f}), {statistics.median(rates):.0f} a second; "
           f"goal {case.goal:.2f}", flush=True)
 
 
 def main() -> None:
-    binaries = Path(sys.argv[1]).resolve()
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
     seconds = int(sys.argv[3]) if len(sys.argv) > 3 else 3
     with tempfile.TemporaryDirectory() as name:
-        folder = Path(name)
-        port = free_port()
-        (folder / "tessarad.conf").write_text(
-            f"[Network]\nwin_httpserver=http://127.0.0.1:{port}\nveltrano=127.0.0.1:1\n")
-        with Server([str(binaries / "tessarad")], folder):
-            for case in CASES:
-                compare(case, binaries, folder, port, rounds, seconds)
+        for case in CASES:
+            compare(case, Path(name), rounds, seconds)
 
 
 if __name__ == "__main__":
