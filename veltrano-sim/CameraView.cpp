@@ -35,7 +35,7 @@ Color throughAir(Color color, double depth)
 // The light comes from one side, so that two walls of a corner differ.
 double brightness(Point normal)
 {
-    return 0.82 + 0.18 * dot(normal, {0.6, 0.8});
+    return 0.82 + 0.18 * dot(normal, {0.35, 0.94});
 }
 
 // The unit vector upright on a segment, towards the side of a point.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace kor::veltrano::sim {
 
@@ -24,12 +25,20 @@ void CommandLog::add(int client, const QString& method, const QJsonObject& param
                         {QStringLiteral("params"), params},
                         {QStringLiteral("carriedOut"), isCarriedOut}},
                        lineBytes});
+    if (handOn) {
+        handOn(entries.back().shown);
+    }
     keptBytes += lineBytes;
     while (entries.size() > mostEntries || keptBytes > mostBytes) {
         keptBytes -= entries.front().bytes;
         entries.pop_front();
         ++firstIndex;
     }
+}
+
+void CommandLog::handOnTo(std::function<void(const QJsonObject&)> receiver)
+{
+    handOn = std::move(receiver);
 }
 
 QJsonObject CommandLog::list(qint64 since) const

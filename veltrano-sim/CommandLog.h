@@ -1,13 +1,14 @@
 // CommandLog: the notifications that clients have sent, for whoever tests a client.
 //
-// It keeps the newest ones only. The server writes to it, the control door reads it, both on the
-// main thread.
+// It keeps the newest ones only, and can hand all of them on. The server writes to it, the control
+// door reads it, both on the main thread.
 #pragma once
 
 #include <QJsonObject>
 #include <QString>
 
 #include <deque>
+#include <functional>
 
 namespace kor::veltrano::sim {
 
@@ -24,6 +25,8 @@ public:
     // lineBytes is the length of the line that it came in.
     void add(int client, const QString& method, const QJsonObject& params, bool isCarriedOut,
              int lineBytes);
+    // From now on hands each command on as it is added, in the form in which it is listed.
+    void handOnTo(std::function<void(const QJsonObject&)> receiver);
     // The kept entries with an index of at least since, as a JSON object with nowMs.
     QJsonObject list(qint64 since) const;
     // Forgets all entries; the next one's index goes on.
@@ -38,6 +41,7 @@ private:
     std::deque<Entry> entries;
     qint64 firstIndex = 0;
     qint64 keptBytes = 0;
+    std::function<void(const QJsonObject&)> handOn;
 };
 
 } // namespace kor::veltrano::sim

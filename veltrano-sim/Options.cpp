@@ -12,6 +12,7 @@ const QLatin1String listenName("listen");
 const QLatin1String controlName("control");
 const QLatin1String seedName("seed");
 const QLatin1String worldName("world");
+const QLatin1String recordName("record");
 const QLatin1String helpName("help");
 
 void describe(QCommandLineParser& parser)
@@ -27,7 +28,10 @@ void describe(QCommandLineParser& parser)
          QStringLiteral("HOST:PORT")},
         {seedName, QStringLiteral("Seed of everything random, 0 or above."), QStringLiteral("N"),
          QStringLiteral("1")},
-        {worldName, QStringLiteral("Read the world from this file (default: a built-in room)."),
+        {worldName,
+         QStringLiteral("A built-in world, room or maze, or the path of a world's file."),
+         QStringLiteral("WORLD"), QStringLiteral("room")},
+        {recordName, QStringLiteral("Record what clients command in this file (default: nowhere)."),
          QStringLiteral("FILE")},
         {QStringList{QStringLiteral("h"), helpName}, QStringLiteral("Show this help.")},
     });
@@ -78,7 +82,13 @@ Options::Outcome Options::parse(const QStringList& arguments)
         return error(QStringLiteral("--seed=%1 is no whole number of 0 or above")
                          .arg(parser.value(seedName)));
     }
-    options.worldFile = parser.value(worldName);
+    options.world = parser.value(worldName);
+    options.record = parser.value(recordName);
+    for (const QString& name : {QString(worldName), QString(recordName)}) {
+        if (parser.isSet(name) && parser.value(name).isEmpty()) {
+            return error(QStringLiteral("--%1 is empty").arg(name));
+        }
+    }
     return {options, {}, false};
 }
 

@@ -15,8 +15,10 @@ struct Options {
     // The control door is closed where this is empty.
     std::optional<HostPort> control;
     quint64 seed = 1;
-    // Empty for the built-in room.
-    QString worldFile;
+    // The name of a built-in world, or else a path.
+    QString world;
+    // The file to record commands in; none where this is empty.
+    QString record;
 
     // What parse() makes of a command line: options to start with, or a text to print. An error's
     // text belongs on stderr, help's on stdout.

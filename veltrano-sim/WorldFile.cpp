@@ -56,10 +56,18 @@ WorldOutcome readWorld(const QString& path)
     return outcome;
 }
 
-QString builtInWorldPath()
+QStringList builtInWorlds()
 {
+    return {QStringLiteral("room"), QStringLiteral("maze")};
+}
+
+QString worldPath(const QString& nameOrPath)
+{
+    if (!builtInWorlds().contains(nameOrPath)) {
+        return nameOrPath;
+    }
     openBuiltInWorlds();
-    return QStringLiteral(":/veltrano-sim/worlds/room.json");
+    return QStringLiteral(":/veltrano-sim/worlds/%1.json").arg(nameOrPath);
 }
 
 } // namespace kor::veltrano::sim

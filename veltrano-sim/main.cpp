@@ -1,6 +1,7 @@
 // veltrano-sim: the RPC server of a simulated robot.
 
 #include "ClientMethods.h"
+#include "CommandFile.h"
 #include "CommandLog.h"
 #include "CommandMethods.h"
 #include "ControlDoor.h"
@@ -29,9 +30,14 @@ void say(const QString& text)
     std::fflush(stdout);
 }
 
-int fail(const QString& text)
+void complain(const QString& text)
 {
     std::fprintf(stderr, "veltrano-sim: %s\n", qPrintable(text));
+}
+
+int fail(const QString& text)
+{
+    complain(text);
     return 1;
 }
 
@@ -40,13 +46,34 @@ QString cannotListen(const HostPort& where, const QString& reason)
     return QStringLiteral("cannot listen on %1: %2").arg(where.text(), reason);
 }
 
+// Opens the door for clients and, where it is wanted, that for tests. As the one below, it gives
+// the reason of a failure, else nothing.
+QString openDoors(const Options& options, RpcServer& server, ControlDoor& door)
+{
+    const QString refusal = server.listen(options.listen);
+    if (!refusal.isEmpty()) {
+        return cannotListen(options.listen, refusal);
+    }
+    const QString doorRefusal = options.control ? door.listen(*options.control) : QString();
+    return doorRefusal.isEmpty() ? QString() : cannotListen(*options.control, doorRefusal);
+}
+
+QString openRecord(const Options& options, CommandFile& record, CommandLog& log)
+{
+    if (options.record.isEmpty()) {
+        return {};
+    }
+    log.handOnTo([&record](const QJsonObject& command) { record.write(command); });
+    return record.open(options.record);
+}
+
 int run(const QCoreApplication& application, const Options& options)
 {
-    const QString path = options.worldFile.isEmpty() ? builtInWorldPath() : options.worldFile;
-    const WorldOutcome outcome = readWorld(path);
+    const WorldOutcome outcome = readWorld(worldPath(options.world));
     if (!outcome.world) {
         return fail(outcome.error);
     }
+    CommandFile record(complain);
     Simulation simulation(*outcome.world, options.seed);
     CommandLog log;
     RpcServer server(simulation, log, options.seed);
@@ -64,19 +91,22 @@ int run(const QCoreApplication& application, const Options& options)
     QObject::connect(&door, &ControlDoor::quitRequested, &application, quit);
     QObject::connect(&door, &ControlDoor::requested, &clock, &SimulationClock::catchUp);
 
-    const QString refusal = server.listen(options.listen);
-    if (!refusal.isEmpty()) {
-        return fail(cannotListen(options.listen, refusal));
+    QString refusal = openDoors(options, server, door);
+    if (refusal.isEmpty()) {
+        // Only now, so that a second start by mistake leaves the first one's record alone.
+        refusal = openRecord(options, record, log);
     }
-    const QString doorRefusal = options.control ? door.listen(*options.control) : QString();
-    if (!doorRefusal.isEmpty()) {
-        return fail(cannotListen(*options.control, doorRefusal));
+    if (!refusal.isEmpty()) {
+        return fail(refusal);
     }
     say(QStringLiteral("veltrano-sim: listening on %1").arg(server.address().text()));
     if (options.control) {
         say(QStringLiteral("veltrano-sim: control door on %1").arg(door.address().text()));
     }
-    return QCoreApplication::exec();
+    const int code = QCoreApplication::exec();
+    // What clients had sent by then is still recorded.
+    QCoreApplication::processEvents();
+    return code;
 }
 
 } // namespace

@@ -80,3 +80,18 @@ TEST(CommandLogTest, KeepsNoMoreBytesThanItMay)
     ASSERT_EQ(commands(log).size(), 1);
     EXPECT_EQ(commands(log).at(0)["method"].toString().toStdString(), "new");
 }
+
+TEST(CommandLogTest, HandsEachCommandOnAsItIsListed)
+{
+    CommandLog log;
+    add(log, "early");
+    QJsonArray received;
+    log.handOnTo([&received](const QJsonObject& command) { received.append(command); });
+    add(log, "a");
+    add(log, "too big to be kept", CommandLog::mostBytes + 1);
+    ASSERT_EQ(received.size(), 2);
+    EXPECT_EQ(received.at(1)["method"].toString().toStdString(), "too big to be kept");
+    add(log, "b");
+    EXPECT_EQ(commands(log), (QJsonArray{received.at(2)}));
+    EXPECT_EQ(received.at(2)["index"].toInt(), 3);
+}

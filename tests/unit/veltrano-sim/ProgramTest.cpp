@@ -142,7 +142,7 @@ TEST(ProgramTest, TheShippedRoomIsTheBuiltInOne)
 {
     QFile file(QStringLiteral(WORLDS_PATH "/room.json"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QFile builtIn(builtInWorldPath());
+    QFile builtIn(worldPath(QStringLiteral("room")));
     ASSERT_TRUE(builtIn.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), builtIn.readAll());
 }

@@ -8,10 +8,13 @@ using namespace kor::veltrano::sim;
 
 namespace {
 
-// A dollar sign in a text stands for the members of a good name and start.
+// A dollar sign in a text stands for the members of a good name and start, a percent sign for these
+// and a wall, and the ends of a mark on it.
 QByteArray filledIn(const char* text)
 {
-    return QByteArray(text).replace('$', R"("name":"w","start":{"x":0,"y":0,"phi":0})");
+    return QByteArray(text)
+        .replace('%', R"($,"walls":[{"from":[1,-1],"to":[1,1]}],"marks":[{"from":[1,0],"to":[1,1])")
+        .replace('$', R"("name":"w","start":{"x":0,"y":0,"phi":0})");
 }
 
 struct BadWorld {
@@ -86,6 +89,32 @@ INSTANTIATE_TEST_SUITE_P(
         BadWorld{"PolygonWithNull",
                  R"({$,"walls":[],"obstacles":[{"polygon":[[1,1],[2,2],null]}]})",
                  "obstacles[0].polygon[2] must be an array of two numbers, x and y in m"},
+        BadWorld{"MarksAsObject", R"({$,"walls":[],"marks":{}})", "marks must be an array"},
+        BadWorld{"MarkAsText", R"({$,"walls":[],"marks":["red"]})", "marks[0] must be an object"},
+        BadWorld{"MarkWithoutEnds", R"({$,"walls":[],"marks":[{"color":"#ff0000"}]})",
+                 "marks[0].from must be an array of two numbers, x and y in m"},
+        BadWorld{"MarkWithoutColor", "{%}]}",
+                 "marks[0].color must be a colour of the form #rrggbb"},
+        BadWorld{"MarkWithNameAsColor", R"({%,"color":"red"}]})",
+                 "marks[0].color must be a colour of the form #rrggbb"},
+        BadWorld{"MarkWithNumberAsColor", R"({%,"color":255}]})",
+                 "marks[0].color must be a colour of the form #rrggbb"},
+        BadWorld{"MarkWithOneHeight", R"({%,"color":"#ff0000","height":0.5}]})",
+                 "marks[0].height must be an array of two rising numbers from 0 to 1.2, in m"},
+        BadWorld{"MarkUpsideDown", R"({%,"color":"#ff0000","height":[0.5,0.4]}]})",
+                 "marks[0].height must be an array of two rising numbers from 0 to 1.2, in m"},
+        BadWorld{"MarkBelowTheFloor", R"({%,"color":"#ff0000","height":[-0.1,0.4]}]})",
+                 "marks[0].height must be an array of two rising numbers from 0 to 1.2, in m"},
+        BadWorld{"MarkAboveTheWall", R"({%,"color":"#ff0000","height":[0.5,1.3]}]})",
+                 "marks[0].height must be an array of two rising numbers from 0 to 1.2, in m"},
+        BadWorld{"MarkWithMore", R"({%,"color":"#ff0000","width":1}]})",
+                 "marks[0].width is unknown; known are from, to, color, height"},
+        BadWorld{"SecondMarkBesideTheWalls",
+                 R"({%,"color":"#ff0000"},{"from":[2,0],"to":[2,1],"color":"#ff0000"}]})",
+                 "marks[1] must lie on one of the walls"},
+        BadWorld{"MarkOfNoLength",
+                 R"({%,"color":"#ff0000"},{"from":[1,0],"to":[1,0],"color":"#ff0000"}]})",
+                 "marks[1] must be longer than nothing"},
         BadWorld{"StartAtAWall", R"({$,"walls":[{"from":[0.1,-1],"to":[0.1,1]}]})",
                  "start is inside of a wall or an obstacle; the robot needs 0.225 m around it"},
         BadWorld{"StartInAnObstacle",
@@ -109,16 +138,43 @@ TEST(WorldFileTest, AWholeWorldIsRead)
     EXPECT_TRUE(outcome.world->isSolid({3.9, 1.5}));
 }
 
-TEST(WorldFileTest, ObstaclesMayBeLeftOut)
+TEST(WorldFileTest, ObstaclesAndMarksMayBeLeftOut)
 {
     EXPECT_TRUE(parseWorld(filledIn(R"({$,"walls":[]})")).world);
 }
 
-TEST(WorldFileTest, TheBuiltInRoomIsAGoodWorld)
+TEST(WorldFileTest, MarksAreReadAndHaveAHeightAlsoWithoutSayingSo)
 {
-    const WorldOutcome outcome = readWorld(builtInWorldPath());
+    const WorldOutcome outcome = parseWorld(filledIn(
+        R"({%,"color":"#ff8001"},{"from":[1,0],"to":[1,1],"color":"#000000","height":[0,1.2]}]})"));
     ASSERT_TRUE(outcome.world) << outcome.error.toStdString();
-    EXPECT_EQ(outcome.world->name().toStdString(), "room");
+    const std::vector<Mark>& marks = outcome.world->walls().at(0).marks;
+    ASSERT_EQ(marks.size(), 2U);
+    EXPECT_DOUBLE_EQ(marks[0].line.to.y, 1);
+    EXPECT_DOUBLE_EQ(marks[0].bottomM, 0.35);
+    EXPECT_DOUBLE_EQ(marks[0].topM, 0.85);
+    EXPECT_EQ(marks[0].color.red, 255);
+    EXPECT_EQ(marks[0].color.green, 128);
+    EXPECT_EQ(marks[0].color.blue, 1);
+    EXPECT_DOUBLE_EQ(marks[1].bottomM, 0);
+    EXPECT_DOUBLE_EQ(marks[1].topM, 1.2);
+}
+
+TEST(WorldFileTest, TheBuiltInWorldsAreGoodAndFoundByTheirNames)
+{
+    EXPECT_EQ(builtInWorlds().join(QLatin1Char(' ')).toStdString(), "room maze");
+    for (const QString& name : builtInWorlds()) {
+        const WorldOutcome outcome = readWorld(worldPath(name));
+        ASSERT_TRUE(outcome.world) << outcome.error.toStdString();
+        EXPECT_EQ(outcome.world->name(), name);
+    }
+}
+
+TEST(WorldFileTest, WhatIsNoNameOfABuiltInWorldIsAPath)
+{
+    for (const char* const path : {"./room", "room.json", "/room", "Room", "yard", ""}) {
+        EXPECT_EQ(worldPath(QString::fromLatin1(path)).toStdString(), path);
+    }
 }
 
 TEST(WorldFileTest, AFileThatIsNotThereIsNamed)
