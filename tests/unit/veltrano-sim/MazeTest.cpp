@@ -90,7 +90,8 @@ TEST(MazeTest, EveryMarkCanBeDrivenTo)
         const std::vector<Point> places = marksOf(world, color);
         EXPECT_FALSE(places.empty()) << color;
         for (const Point& place : places) {
-            EXPECT_GE(stepsTo(world, place, 0.1), 0) << color << " at " << place.x << ", " << place.y;
+            EXPECT_GE(stepsTo(world, place, 0.1), 0)
+                << color << " at " << place.x << ", " << place.y;
         }
     }
 }

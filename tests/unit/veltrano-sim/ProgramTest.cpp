@@ -5,6 +5,8 @@
 #include "support/TestRobot.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -120,6 +122,8 @@ TEST(ProgramTest, SaysWhyItCannotStart)
               "veltrano-sim: --seed=x is no whole number of 0 or above; see --help\n");
     EXPECT_EQ(errorOf({QStringLiteral("--world=/nowhere")}),
               "veltrano-sim: /nowhere: No such file or directory\n");
+    EXPECT_EQ(errorOf({anyPort, QStringLiteral("--record=/nowhere/commands")}),
+              "veltrano-sim: cannot record in /nowhere/commands: No such file or directory\n");
     TestRobot robot;
     const QString taken = robot.server.address().text();
     const std::string reason = ": The bound address is already in use\n";
@@ -138,13 +142,88 @@ TEST(ProgramTest, HelpNamesOptionsAndMethods)
     EXPECT_TRUE(help.contains(QStringLiteral("state.release")));
 }
 
-TEST(ProgramTest, TheShippedRoomIsTheBuiltInOne)
+TEST(ProgramTest, TheShippedWorldsAreTheBuiltInOnes)
 {
-    QFile file(QStringLiteral(WORLDS_PATH "/room.json"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QFile builtIn(worldPath(QStringLiteral("room")));
-    ASSERT_TRUE(builtIn.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), builtIn.readAll());
+    for (const QString& name : builtInWorlds()) {
+        QFile file(QStringLiteral(WORLDS_PATH "/%1.json").arg(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        QFile builtIn(worldPath(name));
+        ASSERT_TRUE(builtIn.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), builtIn.readAll());
+    }
+}
+
+TEST(ProgramTest, TakesABuiltInWorldByItsName)
+{
+    Program program(
+        {anyPort, QStringLiteral("--control=127.0.0.1:0"), QStringLiteral("--world=maze")});
+    program.portAfter(listening);
+    RawClient control(program.portAfter(QStringLiteral("veltrano-sim: control door on")));
+    control.sendLine(R"({"jsonrpc":"2.0","id":1,"method":"state.get"})");
+    EXPECT_EQ(control.answer(1)["result"]["world"].toString().toStdString(), "maze");
+    control.sendLine(R"({"jsonrpc":"2.0","id":2,"method":"sim.quit"})");
+    EXPECT_TRUE(control.answer(2).isObject());
+    EXPECT_EQ(program.wait(), 0);
+}
+
+TEST(ProgramTest, RecordsCommandsAsTheyComeAndLosesNoneWhenItIsStopped)
+{
+    const QTemporaryDir folder;
+    QFile record(folder.filePath(QStringLiteral("commands")));
+    Program program({anyPort, QStringLiteral("--control=127.0.0.1:0"),
+                     QStringLiteral("--record=") + record.fileName()});
+    RawClient client(program.portAfter(listening));
+    RawClient control(program.portAfter(QStringLiteral("veltrano-sim: control door on")));
+    ASSERT_TRUE(record.open(QIODevice::ReadOnly)) << "it is there from the start";
+    EXPECT_EQ(record.size(), 0);
+    client.open();
+    client.sendLine(
+        R"({"jsonrpc":"2.0","method":"omniDrive.setVelocity","params":{"vx":1,"vy":0,"omega":0}})");
+    client.sendLine(R"({"jsonrpc":"2.0","method":"omniDrive.honk","params":{}})");
+    client.untilPing();
+    control.sendLine(R"({"jsonrpc":"2.0","id":1,"method":"commands.list"})");
+    const QJsonArray listed = control.answer(1)["result"]["commands"].toArray();
+    ASSERT_EQ(listed.size(), 2);
+    for (const QJsonValue& command : listed) {
+        EXPECT_EQ(QJsonDocument::fromJson(record.readLine()).object(), command.toObject());
+    }
+    EXPECT_EQ(listed.at(1)["carriedOut"], QJsonValue(false));
+    for (int count = 0; count < 1000; ++count) {
+        client.sendLine(R"({"jsonrpc":"2.0","method":"camera.unsubscribe","params":{}})");
+    }
+    client.untilPing();
+    ASSERT_EQ(kill(static_cast<pid_t>(program.process.processId()), SIGTERM), 0);
+    EXPECT_EQ(program.wait(), 0);
+    EXPECT_EQ(record.readAll().count('\n'), 1000);
+}
+
+TEST(ProgramTest, SaysOnceThatItCannotRecordAndDrivesOn)
+{
+    Program program({anyPort, QStringLiteral("--record=/dev/full")});
+    RawClient client(program.portAfter(listening));
+    client.open();
+    for (int count = 0; count < 3; ++count) {
+        client.sendLine(
+            R"({"jsonrpc":"2.0","method":"omniDrive.setVelocity","params":{"vx":1,"vy":0,"omega":0}})");
+    }
+    while (client.nextOf(QStringLiteral("odometry.readings"))["params"]["x"].toDouble() < 0.05) { }
+    ASSERT_EQ(kill(static_cast<pid_t>(program.process.processId()), SIGTERM), 0);
+    EXPECT_EQ(program.wait(), 0);
+    EXPECT_EQ(program.process.readAllStandardError().toStdString(),
+              "veltrano-sim: cannot record in /dev/full: No space left on device\n");
+}
+
+TEST(ProgramTest, AStartThatFailsLeavesTheRecordOfAnotherAlone)
+{
+    const QTemporaryDir folder;
+    QFile record(folder.filePath(QStringLiteral("commands")));
+    ASSERT_TRUE(record.open(QIODevice::ReadWrite));
+    record.write("of another");
+    record.flush();
+    TestRobot robot;
+    errorOf({QStringLiteral("--listen=") + robot.server.address().text(),
+             QStringLiteral("--record=") + record.fileName()});
+    EXPECT_EQ(record.size(), 10);
 }
 
 TEST(ProgramTest, ThePageDescribesEveryMethodAndEveryMemberOfTheState)
