@@ -180,9 +180,9 @@ class Daemon:
     def wait_for_reply(self, target: str, body: bytes) -> None:
         """Waits until a GET gives exactly this body; shows both when it never does."""
         try:
-            wait_for(f"{target} to answer {body!r}", lambda: self.get(target).body == body)
+            wait_for(f"{target} to answer {body[:2000]!r}", lambda: self.get(target).body == body)
         except AssertionError as error:
-            raise AssertionError(f"{error}: {self.get(target).body!r}") from None
+            raise AssertionError(f"{error}: {self.get(target).body[:2000]!r}") from None
 
     def wait_for_text(self, target: str, text: bytes) -> None:
         """Waits until the body of a GET holds this text."""
