@@ -53,7 +53,7 @@ bool compress(State& state, const Picture& picture, int quality)
     while (compressor.next_scanline < compressor.image_height) {
         const Color* const row = picture.row(static_cast<int>(compressor.next_scanline));
         // libjpeg only reads the row, although its interface does not say so.
-        JSAMPROW samples = const_cast<JSAMPROW>(reinterpret_cast<const JSAMPLE*>(row));
+        auto* samples = const_cast<JSAMPROW>(reinterpret_cast<const JSAMPLE*>(row));
         jpeg_write_scanlines(&compressor, &samples, 1);
     }
     jpeg_finish_compress(&compressor);
@@ -82,7 +82,7 @@ JpegEncoder::~JpegEncoder()
 QByteArray JpegEncoder::encode(const Picture& picture, int quality)
 {
     const bool isWhole = compress(*state, picture, quality);
-    const QByteArray file = isWhole
+    QByteArray file = isWhole
         ? QByteArray(reinterpret_cast<const char*>(state->bytes), static_cast<int>(state->size))
         : QByteArray();
     std::free(state->bytes);
