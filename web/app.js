@@ -1,4 +1,4 @@
-// The robot's first page: live sensors, the role, and the outputs. One request a path at a time;
+// The robot's first page: live sensors, the role, and the outputs; drive.js drives. One request a path at a time;
 // what has not been answered for three seconds is shown as stale.
 "use strict";
 
@@ -12,6 +12,53 @@ function request(path, options = {}) {
     return fetch(`${path}?sid=${session}`, {
         cache: "no-store", signal: AbortSignal.timeout(2000), ...options,
     });
+}
+
+let cameraUrl = "";
+
+// The daemon hands each image out once, so a 500 most often means that there is no newer one yet.
+async function readImage() {
+    const answer = await request("/cam0");
+    return answer.ok ? answer.blob() : undefined;
+}
+
+function showImage(image) {
+    URL.revokeObjectURL(cameraUrl);
+    cameraUrl = URL.createObjectURL(image);
+    byId("camera").src = cameraUrl;
+    byId("camera-answer").textContent = `image of ${new Date().toLocaleTimeString()}`;
+}
+
+// Ahead is up and the robot stands below the middle, as its scanner does not look back.
+function showScan({ angle_min: firstAngle, angle_increment: step, range_max: farthest, ranges }) {
+    byId("scan-answer").textContent = ranges.length === 0
+        ? "no scan yet" : `${ranges.length} rays, ${farthest.toFixed(1)} m far`;
+    const canvas = byId("scan");
+    const context = canvas.getContext("2d");
+    const style = getComputedStyle(canvas);
+    const [x0, y0] = [canvas.width / 2, canvas.height * 0.6];
+    const scale = y0 / (farthest || 1);
+    context.clearRect(0, 0, canvas.width, canvas.height);
+    context.strokeStyle = style.getPropertyValue("--line");
+    for (let radius = 1; radius <= farthest; ++radius) {
+        context.beginPath();
+        context.arc(x0, y0, radius * scale, 0, 2 * Math.PI);
+        context.stroke();
+    }
+    context.fillStyle = style.getPropertyValue("--accent");
+    ranges.forEach((range, ray) => {
+        if (range < farthest) {
+            const angle = firstAngle + ray * step;
+            context.fillRect(x0 - Math.sin(angle) * range * scale - 1.5,
+                y0 - Math.cos(angle) * range * scale - 1.5, 3, 3);
+        }
+    });
+    context.fillStyle = style.getPropertyValue("--on");
+    context.beginPath();
+    context.moveTo(x0, y0 - 12);
+    context.lineTo(x0 - 8, y0 + 8);
+    context.lineTo(x0 + 8, y0 + 8);
+    context.fill();
 }
 
 // An empty body means that there is no data yet.
@@ -58,9 +105,13 @@ function showBumper({ value }) {
 
 function showRole({ role }) {
     byId("role").textContent = role;
-    for (const button of document.querySelectorAll("#outputs button, #relays button")) {
-        button.disabled = role === "guest";
-        button.title = button.disabled ? "Log in as operator to set outputs" : "";
+    const isGuest = role === "guest";
+    for (const button of document.querySelectorAll("#outputs button, #relays button, #drive button")) {
+        button.disabled = isGuest;
+        button.title = isGuest ? "Log in as operator" : "";
+    }
+    if (isGuest) {
+        byId("camera-answer").textContent = "Log in as operator to see the camera";
     }
 }
 
@@ -68,6 +119,8 @@ const sources = [
     { path: "/data/userrole", periodMs: 1000, element: "role", show: showRole },
     { path: "/data/odometry", periodMs: 200, element: "odometry", show: showOdometry },
     { path: "/data/bumper", periodMs: 200, element: "bumper", show: showBumper },
+    { path: "/cam0", periodMs: 100, element: "camera", get: readImage, show: showImage },
+    { path: "/data/scan0", periodMs: 200, element: "scan", show: showScan },
     {
         path: "/data/distancesensorarray", periodMs: 200, element: "distances",
         show: (values) => showList(byId("distances"), values.map((m) => [`${m.toFixed(2)} m`, false])),
@@ -95,16 +148,17 @@ function showLink(isAnswering) {
 
 async function poll(source) {
     try {
-        const value = await read(source.path);
-        lastAnswerMs = source.answeredMs = Date.now();
+        const value = await (source.get ?? read)(source.path);
+        lastAnswerMs = Date.now();
         if (value !== undefined) {
             source.show(value);
+            source.shownMs = lastAnswerMs;
         }
         showLink(true);
     } catch {
         showLink(Date.now() - lastAnswerMs < 3000);
     }
-    const isStale = Date.now() - (source.answeredMs ?? 0) > 3 * source.periodMs + 3000;
+    const isStale = Date.now() - (source.shownMs ?? 0) > 3 * source.periodMs + 3000;
     byId(source.element).classList.toggle("stale", isStale);
     setTimeout(poll, document.hidden ? 2000 : source.periodMs, source);
 }

@@ -18,12 +18,26 @@
 
 #include <memory>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 using namespace kor::veltrano::daemons;
 
 namespace {
 
 // The robot's events reach the daemon this often, on the main thread.
 constexpr int eventPumpIntervalMs = 100;
+
+// By default the C library keeps a heap for nearly every thread that answers requests, and each of
+// them holds on to what the largest image has taken: twice the memory, and growing for hours.
+void limitHeaps()
+{
+#ifdef __GLIBC__
+    constexpr int heapCount = 2;
+    mallopt(M_ARENA_MAX, heapCount);
+#endif
+}
 
 void connectSignals(const SignalHandler& signalHandler)
 {
@@ -83,6 +97,7 @@ int runDaemon(const CommandLine& commandLine, int argc, char* argv[])
 
 int main(int argc, char* argv[])
 {
+    limitHeaps();
     prepareStandardStreams();
     const auto commandLine = parseCommandLine(argumentsOf(argc, argv));
     if (!commandLine) {
