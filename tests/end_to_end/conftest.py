@@ -50,6 +50,14 @@ def robot(request: pytest.FixtureRequest) -> Robot:
 
 
 @pytest.fixture
+def programs(tmp_path: Path) -> Path:
+    """An empty folder for user programs."""
+    folder = tmp_path / "programs"
+    folder.mkdir()
+    return folder
+
+
+@pytest.fixture
 def new_daemon(tmp_path: Path, no_robot: str) -> Iterator[StartDaemon]:
     """Makes daemons that do not run yet, and judges them all when the test has ended."""
     daemons: list[Daemon] = []

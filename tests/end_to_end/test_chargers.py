@@ -28,8 +28,8 @@ def rendered(number, version="1.2.3", **changes):
 
 
 def untold(number):
-    return rendered(number, "0.0.0", bat1temp=0, bat2temp=0, batteryVoltage=0, chargingCurrent=0, state="",
-                    state_number=0, time=0)
+    return rendered(number, "0.0.0", bat1temp=0, bat2temp=0, batteryVoltage=0, chargingCurrent=0,
+                    state="", state_number=0, time=0)
 
 
 def show(robot, number, version=(1, 2, 3), **changes):

@@ -41,7 +41,7 @@ def assert_jpeg(reply: Reply, data: bytes) -> None:
 
 
 def subscribe(daemon: Daemon, robot: FakeRobot, target: str = CAMERA) -> None:
-    """Binds the camera by a first request, which finds no image, and waits until the robot knows."""
+    """Binds the camera by a request, which finds no image, and waits until the robot knows."""
     before = len(robot.commands("camera.subscribe"))
     assert_text(daemon.get(target), NONE)
     wait_for("a subscription", lambda: len(robot.commands("camera.subscribe")) > before)
