@@ -23,6 +23,8 @@ using namespace kor::veltrano::sim;
 
 namespace {
 
+constexpr int longestEndMs = 500;
+
 // Tests and scripts wait for these lines, so they leave at once, and their form is fixed.
 void say(const QString& text)
 {
@@ -104,8 +106,8 @@ int run(const QCoreApplication& application, const Options& options)
         say(QStringLiteral("veltrano-sim: control door on %1").arg(door.address().text()));
     }
     const int code = QCoreApplication::exec();
-    // What clients had sent by then is still recorded.
-    QCoreApplication::processEvents();
+    // What clients had sent by then is still recorded, but they cannot hold up the end.
+    QCoreApplication::processEvents(QEventLoop::AllEvents, longestEndMs);
     return code;
 }
 

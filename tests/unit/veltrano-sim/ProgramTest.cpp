@@ -3,6 +3,7 @@
 #include "WorldFile.h"
 #include "support/RawClient.h"
 #include "support/TestRobot.h"
+#include "support/waiting.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -188,11 +189,15 @@ TEST(ProgramTest, RecordsCommandsAsTheyComeAndLosesNoneWhenItIsStopped)
         EXPECT_EQ(QJsonDocument::fromJson(record.readLine()).object(), command.toObject());
     }
     EXPECT_EQ(listed.at(1)["carriedOut"], QJsonValue(false));
+    // The program finds these together with the signal.
+    const auto pid = static_cast<pid_t>(program.process.processId());
+    ASSERT_EQ(kill(pid, SIGSTOP), 0);
     for (int count = 0; count < 1000; ++count) {
         client.sendLine(R"({"jsonrpc":"2.0","method":"camera.unsubscribe","params":{}})");
     }
-    client.untilPing();
-    ASSERT_EQ(kill(static_cast<pid_t>(program.process.processId()), SIGTERM), 0);
+    EXPECT_TRUE(waitUntil([&client] { return client.hasSent(); }));
+    ASSERT_EQ(kill(pid, SIGTERM), 0);
+    ASSERT_EQ(kill(pid, SIGCONT), 0);
     EXPECT_EQ(program.wait(), 0);
     EXPECT_EQ(record.readAll().count('\n'), 1000);
 }

@@ -39,6 +39,8 @@ public:
     // Waits until the other side has ended the connection.
     bool waitForEnd();
     bool isConnected() const { return socket.state() == QAbstractSocket::ConnectedState; }
+    // True where the system has taken over all that was to be sent.
+    bool hasSent() const { return socket.bytesToWrite() == 0; }
     // Messages that have arrived and have not been waited for.
     const std::vector<QJsonObject>& messages() const { return received; }
     // Stops or goes on reading from the socket.
