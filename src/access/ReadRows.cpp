@@ -1,6 +1,9 @@
 #include "access/ReadRows.h"
 
 #include "access/AccessManager.h"
+#include "config/ConfigTree.h"
+#include "network/EthConfigure.h"
+#include "network/WlanConfigure.h"
 #include "robot/MyAnalogInputArray.h"
 #include "robot/MyBumper.h"
 #include "robot/MyCharger.h"
@@ -28,6 +31,14 @@ const std::vector<ReadRow>& readRows()
 {
     // clang-format off
     static const std::vector<ReadRow> rows = {
+        {"/data/config", Access::ExactlyAdmin, [](const Request&) { return createConfigData(); }},
+        {"/data/ethinfo", Access::Anyone, [](const Request&) { return createEthInfoData(); }},
+        {"/data/wlaninfo", Access::Anyone, [](const Request&) { return createWlanInfoData(); }},
+        {"/data/ethconfig", Access::Anyone, [](const Request&) { return createEthConfigData(); }},
+        {"/data/ethconfigresult", Access::Anyone, [](const Request&) { return ethConfigure->resultData(); }},
+        {"/data/wlanconfig", Access::OperatorOrHigher, [](const Request&) { return createWlanConfigData(); }},
+        {"/data/wlanconfigresult", Access::Anyone, [](const Request&) { return wlanConfigure->resultData(); }},
+        {"/data/wlanhwfound", Access::Anyone, [](const Request&) { return createWlanHardwareData(); }},
         {"/data/festoolcharger", Access::Anyone, [](const Request&) { return festoolCharger->data(); }},
         {"/data/powermanagement", Access::Anyone, [](const Request&) { return powerManagement->data(); }},
         {"/data/charger0", Access::Anyone, [](const Request&) { return charger0->data(); }},

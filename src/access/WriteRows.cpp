@@ -1,6 +1,10 @@
 #include "access/WriteRows.h"
 
 #include "access/AccessManager.h"
+#include "config/ConfigWrite.h"
+#include "config/DaemonRestart.h"
+#include "network/EthConfigure.h"
+#include "network/WlanConfigure.h"
 #include "programs/ProgramUpload.h"
 #include "robot/MyDigitalOutputArray.h"
 #include "robot/MyOmniDrive.h"
@@ -20,6 +24,10 @@ const std::vector<WriteRow>& writeRows()
     // clang-format off
     static const std::vector<WriteRow> rows = {
         {"/data/login", Access::Anyone, [](const Request& request, Body body, Result result) { return accessManager->setData(body, request.parameters, result); }},
+        {"/data/config", Access::ExactlyAdmin, [](const Request&, Body body, Result result) { return writeConfigData(body, result); }},
+        {"/data/restartdaemons", Access::ExactlyAdmin, [](const Request&, Body body, Result result) { return restartDaemons(body, result); }},
+        {"/data/ethconfig", Access::ExactlyAdmin, [](const Request&, Body body, Result) { return writeEthConfigData(body); }},
+        {"/data/wlanconfig", Access::ExactlyAdmin, [](const Request&, Body body, Result) { return writeWlanConfigData(body); }},
         {"/data/omnidrive", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return omniDrive->armAndSetData(body); }},
         {"/data/digitaloutputarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return digitalOutputArray->setData(body); }},
         {"/data/relayarray", Access::OperatorOrHigher, [](const Request&, Body body, Result) { return relayArray->setData(body); }},

@@ -1,17 +1,12 @@
 #include "config/ConfigFileParser.h"
 
-#include <QRegExp>
+#include "config/ConfigLine.h"
 
-#include <algorithm>
+#include <QRegExp>
 
 namespace kor::veltrano::daemons {
 
 namespace {
-
-bool isComment(const QString& line)
-{
-    return line.startsWith(QLatin1Char('#')) || line.startsWith(QLatin1Char(';'));
-}
 
 bool isDirective(const QString& line, QLatin1String directive)
 {
@@ -22,15 +17,6 @@ bool isDirective(const QString& line, QLatin1String directive)
 QString withoutDirective(const QString& line, QLatin1String directive)
 {
     return QString(line).remove(QRegExp(QLatin1String("(#|;)") + directive)).trimmed();
-}
-
-// Position of the first blank or equals sign, -1 where there is none.
-int separatorPosition(const QString& line)
-{
-    const auto* separator = std::find_if(line.begin(), line.end(), [](QChar character) {
-        return character.isSpace() || character == QLatin1Char('=');
-    });
-    return separator == line.end() ? -1 : int(separator - line.begin());
 }
 
 } // namespace

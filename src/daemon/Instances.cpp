@@ -5,6 +5,8 @@
 #include "daemon/MyLogHandler.h"
 #include "http/Listener.h"
 #include "http/handler.h"
+#include "network/EthConfigure.h"
+#include "network/WlanConfigure.h"
 #include "robot/MyAnalogInputArray.h"
 #include "robot/MyBumper.h"
 #include "robot/MyCamera.h"
@@ -54,6 +56,8 @@ void buildDevices()
     camera = new MyCamera;
     bumper = new MyBumper;
     festoolCharger = new MyFestoolCharger;
+    wlanConfigure = new WlanConfigure;
+    ethConfigure = new EthConfigure;
     omniDrive = new MyOmniDrive;
     powerManagement = new MyPowerManagement;
     charger0 = new MyCharger(0);
@@ -82,6 +86,9 @@ void takeDownDevices()
     deleteAndClear(charger1);
     deleteAndClear(powerManagement);
     deleteAndClear(omniDrive);
+    // No request comes in any more that could follow these two pointers.
+    delete ethConfigure;
+    delete wlanConfigure;
     deleteAndClear(festoolCharger);
     deleteAndClear(bumper);
     deleteAndClear(camera);

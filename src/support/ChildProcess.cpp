@@ -1,0 +1,20 @@
+#include "support/ChildProcess.h"
+
+#ifdef Q_OS_LINUX
+#include <linux/close_range.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
+namespace kor::veltrano::daemons {
+
+// Runs in the child, between fork and exec: nothing but system calls.
+void ChildProcess::setupChildProcess()
+{
+#ifdef Q_OS_LINUX
+    constexpr unsigned int firstBeyondStandardStreams = 3;
+    syscall(SYS_close_range, firstBeyondStandardStreams, ~0U, CLOSE_RANGE_CLOEXEC);
+#endif
+}
+
+} // namespace kor::veltrano::daemons
