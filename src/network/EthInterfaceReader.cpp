@@ -1,11 +1,9 @@
 #include "network/EthInterfaceReader.h"
 
-#include "config/ConfigFile.h"
 #include "network/KeyfileAddress.h"
+#include "network/SettingsFile.h"
 
 #include <QDebug>
-#include <QFile>
-#include <QTextStream>
 
 namespace kor::veltrano::daemons {
 
@@ -49,21 +47,15 @@ EthInterfaceMap readEthInterfaces()
 {
     EthInterfaceMap interfaces;
     interfaces[0].enable = true;
-    QFile file(settings.value(QStringLiteral("NetworkManager/eth0")));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return interfaces;
-    }
-    QTextStream text(&file);
     bool isIpv4 = false;
-    QString line;
-    while (text.readLineInto(&line)) {
+    readSettingsFile(QStringLiteral("NetworkManager/eth0"), [&](const QString& line) {
         if (line.startsWith(QLatin1Char('['))) {
             isIpv4 = line == QLatin1String("[ipv4]");
         }
         if (isIpv4) {
             readIpv4Line(line, interfaces);
         }
-    }
+    });
     return interfaces;
 }
 

@@ -1,30 +1,11 @@
 #include "network/WlanConfigReader.h"
 
-#include "config/ConfigFile.h"
 #include "network/KeyfileAddress.h"
-
-#include <QFile>
-#include <QTextStream>
+#include "network/SettingsFile.h"
 
 namespace kor::veltrano::daemons {
 
 namespace {
-
-// Calls readLine for each line of the file that a setting names. False where it can't be opened.
-template<typename ReadLine>
-bool readLines(const QString& settingsKey, ReadLine readLine)
-{
-    QFile file(settings.value(settingsKey));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    QTextStream text(&file);
-    QString line;
-    while (text.readLineInto(&line)) {
-        readLine(line);
-    }
-    return true;
-}
 
 // The line without its prefix, wherever that stands in it.
 QString rest(const QString& line, const QString& prefix)
@@ -49,7 +30,7 @@ void readInterfacesFile(WlanConfig& config)
     const QString address = QStringLiteral("address");
     const QString netmask = QStringLiteral("netmask");
     bool isWlan = false;
-    readLines(QStringLiteral("NetworkManager/legacyiface"), [&](const QString& line) {
+    readSettingsFile(QStringLiteral("NetworkManager/legacyiface"), [&](const QString& line) {
         if (line.contains(QLatin1String("iface"))) {
             isWlan = line.contains(QLatin1String("iface wlan0"));
             if (isWlan) {
@@ -72,7 +53,7 @@ void readHostapdFile(WlanConfig& config)
     const QString passphrase = QStringLiteral("wpa_passphrase=");
     const QString cipher = QStringLiteral("rsn_pairwise=");
     const QString ssid = QStringLiteral("ssid=");
-    readLines(QStringLiteral("NetworkManager/hostapd"), [&](const QString& line) {
+    readSettingsFile(QStringLiteral("NetworkManager/hostapd"), [&](const QString& line) {
         if (line.startsWith(passphrase)) {
             config.psk = rest(line, passphrase);
         } else if (line.startsWith(cipher)) {
@@ -102,18 +83,19 @@ void readKeyfile(WlanConfig& config)
     const QString ssid = QStringLiteral("ssid=");
     const QString psk = QStringLiteral("psk=");
     bool isIpv4 = false;
-    const bool isRead = readLines(QStringLiteral("NetworkManager/wlan0"), [&](const QString& line) {
-        if (line.startsWith(QLatin1Char('['))) {
-            isIpv4 = line == QLatin1String("[ipv4]");
-        }
-        if (line.startsWith(ssid)) {
-            config.ssid = rest(line, ssid);
-        } else if (line.startsWith(psk)) {
-            config.psk = rest(line, psk);
-        } else if (isIpv4) {
-            readIpv4Line(line, config);
-        }
-    });
+    const bool isRead =
+        readSettingsFile(QStringLiteral("NetworkManager/wlan0"), [&](const QString& line) {
+            if (line.startsWith(QLatin1Char('['))) {
+                isIpv4 = line == QLatin1String("[ipv4]");
+            }
+            if (line.startsWith(ssid)) {
+                config.ssid = rest(line, ssid);
+            } else if (line.startsWith(psk)) {
+                config.psk = rest(line, psk);
+            } else if (isIpv4) {
+                readIpv4Line(line, config);
+            }
+        });
     if (isRead) {
         config.type = QStringLiteral("client");
     }
