@@ -16,6 +16,9 @@
 #include <QByteArray>
 #include <QTimer>
 
+#include <atomic>
+#include <chrono>
+
 namespace kor::veltrano::daemons {
 
 class MyOmniDrive : public api2::OmniDrive
@@ -35,8 +38,15 @@ public:
     void tick();
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    void onTimeout();
+
     QTimer idleTimer;
     IdleCountdown idleCountdown;
+    // When the timer is to fire next. Main thread.
+    Clock::time_point nextTick;
+    std::atomic<Clock::time_point> armedAt = Clock::time_point::min();
     VelocityLimits limits;
 };
 
