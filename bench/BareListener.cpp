@@ -41,9 +41,8 @@ void replyJson(const http_request& request, const std::string& text)
 
 Reply textReply(const QByteArray& content)
 {
-    return [text = content.toStdString()](const http_request& request) {
-        replyJson(request, text);
-    };
+    return
+        [text = content.toStdString()](const http_request& request) { replyJson(request, text); };
 }
 
 Reply scanReply(const QByteArray& content)
@@ -67,9 +66,9 @@ Reply imageReply(const QByteArray& content)
 
 Reply replyOf(const std::string& kind, const QByteArray& content)
 {
-    return kind == "scan"    ? scanReply(content)
-           : kind == "image" ? imageReply(content)
-                             : textReply(content);
+    return kind == "scan" ? scanReply(content)
+        : kind == "image" ? imageReply(content)
+                          : textReply(content);
 }
 
 void replyToBody(const http_request& request)

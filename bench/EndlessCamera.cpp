@@ -28,8 +28,8 @@ bool __real__ZN3kor8veltrano4api26Camera8getImageEPPhjPjS5_S5_(Camera*, unsigned
 bool __wrap__ZNK3kor8veltrano4api26Camera19isNewImageAvailableEPj(const Camera* camera,
                                                                   unsigned int* sequence)
 {
-    const bool isThere = __real__ZNK3kor8veltrano4api26Camera19isNewImageAvailableEPj(camera,
-                                                                                      sequence);
+    const bool isThere =
+        __real__ZNK3kor8veltrano4api26Camera19isNewImageAvailableEPj(camera, sequence);
     const std::lock_guard lock(imageMutex);
     return isThere || !image.empty();
 }

@@ -83,8 +83,12 @@ class Client : public std::enable_shared_from_this<Client>
 {
 public:
     Client(asio::io_context& context, const Load& itsLoad, Results& allResults, int number)
-        : socket(context), timer(context), load(itsLoad), results(allResults),
-          period(toDuration(1 / (load.rate * double(load.paths.size())))), next(std::size_t(number)),
+        : socket(context),
+          timer(context),
+          load(itsLoad),
+          results(allResults),
+          period(toDuration(1 / (load.rate * double(load.paths.size())))),
+          next(std::size_t(number)),
           end(Clock::now() + toDuration(load.seconds)),
           due(Clock::now() + number * period / std::max(load.clients, 1))
     {
@@ -132,7 +136,8 @@ private:
 
     void note()
     {
-        results.add(load.paths[next % load.paths.size()], response.result_int(), Clock::now() - due);
+        results.add(load.paths[next % load.paths.size()], response.result_int(),
+                    Clock::now() - due);
         ++next;
         due += period;
         waitForNext();
@@ -159,8 +164,11 @@ int main(int argc, char* argv[])
         std::cerr << "usage: polling-clients PORT CLIENTS RATE SECONDS PATH..." << std::endl;
         return 2;
     }
-    const Load load{static_cast<unsigned short>(std::atoi(argv[1])), std::atoi(argv[2]),
-                    std::atof(argv[3]), std::atof(argv[4]), {argv + 5, argv + argc}};
+    const Load load{static_cast<unsigned short>(std::atoi(argv[1])),
+                    std::atoi(argv[2]),
+                    std::atof(argv[3]),
+                    std::atof(argv[4]),
+                    {argv + 5, argv + argc}};
     asio::io_context context(1);
     Results results;
     for (int number = 0; number < load.clients; ++number) {
