@@ -54,7 +54,7 @@ namespace {
 
 std::shared_ptr<ThreadPoolMeeting> callMeeting(int threads)
 {
-    const auto meeting = std::make_shared<ThreadPoolMeeting>();
+    auto meeting = std::make_shared<ThreadPoolMeeting>();
     for (int thread = 0; thread < threads; ++thread) {
         crossplat::threadpool::shared_instance().service().post(
             [meeting] { meeting->arriveAndWait(); });

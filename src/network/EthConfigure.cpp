@@ -16,11 +16,11 @@ namespace {
 
 constexpr int aliasCount = 3;
 constexpr int longestPrefix = 32;
-constexpr QLatin1String noGateway("0.0.0.0");
+constexpr const char* noGateway = "0.0.0.0";
 
-QString orDefault(const QString& text, QLatin1String defaultText)
+QString orDefault(const QString& text, const char* defaultText)
 {
-    return text.isEmpty() ? QString(defaultText) : text;
+    return text.isEmpty() ? QString::fromLatin1(defaultText) : text;
 }
 
 QStringList prefixLengths()
@@ -67,8 +67,7 @@ QJsonObject interfaceNode(int alias, const EthInterface& interface, int& nextId)
                                      : aliasNodes(interface, enabledTag, disabledTag, nextId);
     children.append(inputNode(nextId++, QStringLiteral("address"), interface.address, enabledTag));
     children.append(selectNode(nextId++, QStringLiteral("netmask"),
-                               orDefault(interface.netmask, QLatin1String("24")), enabledTag,
-                               prefixLengths()));
+                               orDefault(interface.netmask, "24"), enabledTag, prefixLengths()));
     children.append(inputNode(nextId++, QStringLiteral("gateway"),
                               orDefault(interface.gateway, noGateway), enabledTag));
     return {{QStringLiteral("id"), id},

@@ -9,11 +9,11 @@ namespace kor::veltrano::daemons {
 
 namespace {
 
-constexpr QLatin1String addressKey("address");
+constexpr const char* addressKey = "address";
 
 void readAddress(QString line, EthInterfaceMap& interfaces)
 {
-    line.remove(addressKey);
+    line.remove(QLatin1String(addressKey));
     qDebug() << line;
     // A first character that is no digit counts as 0, and ends where no tree shows it.
     const int number = line.left(1).toInt();
@@ -36,7 +36,7 @@ void readIpv4Line(QString line, EthInterfaceMap& interfaces)
         qDebug() << interfaces[0].method;
     } else if (line.startsWith(dnsKey)) {
         interfaces[0].dns = line.remove(dnsKey);
-    } else if (line.startsWith(addressKey)) {
+    } else if (line.startsWith(QLatin1String(addressKey))) {
         readAddress(line, interfaces);
     }
 }

@@ -11,7 +11,7 @@ namespace {
 QString takeUntil(QChar separator, QString& text)
 {
     const int position = text.indexOf(separator);
-    const QString taken = text.left(position);
+    QString taken = text.left(position);
     text.remove(0, position + 1);
     qDebug() << text;
     return taken;

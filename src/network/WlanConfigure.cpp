@@ -110,7 +110,7 @@ QByteArray createWlanInfoData()
 
 QByteArray createWlanConfigData()
 {
-    const QByteArray document = renderJson(createLeaves(readWlanConfig()));
+    QByteArray document = renderJson(createLeaves(readWlanConfig()));
     qDebug() << document;
     return document;
 }

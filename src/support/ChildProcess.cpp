@@ -8,6 +8,12 @@
 
 namespace kor::veltrano::daemons {
 
+ChildProcess::ChildProcess(QObject* parent) : QProcess(parent)
+{
+    // Opened for reading alone, a process still has a pipe as its input, which is never closed.
+    setStandardInputFile(nullDevice());
+}
+
 // Runs in the child, between fork and exec: nothing but system calls.
 void ChildProcess::setupChildProcess()
 {

@@ -1,7 +1,8 @@
-// ChildProcess: a QProcess whose child gets none of the daemon's files and sockets.
+// ChildProcess: a QProcess whose child gets none of the daemon's files and sockets, and no input.
 //
 // The HTTP library's sockets would else live on in every child: a program that outlives the daemon
-// would keep its port, and connections would never be seen to end.
+// would keep its port, and connections would never be seen to end. A program that asks for input
+// would wait for ever, as nobody writes any: it finds the input's end instead.
 #pragma once
 
 #include <QProcess>
@@ -11,7 +12,7 @@ namespace kor::veltrano::daemons {
 class ChildProcess : public QProcess
 {
 public:
-    using QProcess::QProcess;
+    explicit ChildProcess(QObject* parent = nullptr);
 
 protected:
     void setupChildProcess() override;
