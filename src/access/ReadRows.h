@@ -15,7 +15,7 @@
 namespace kor::veltrano::daemons {
 
 struct ReadRow {
-    // Compared with the whole path and with case.
+    // Compared with case, with the whole path; one that ends in a slash with the path's beginning.
     const char* path;
     Access access;
     // Gives the JSON text of the reply.

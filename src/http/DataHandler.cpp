@@ -3,8 +3,21 @@
 #include "access/ReadRows.h"
 #include "access/WriteRows.h"
 #include "daemon/Log.h"
+#include "programs/ScriptRunner.h"
+
+#include <utility>
 
 namespace kor::veltrano::daemons {
+
+DataHandler::DataHandler()
+{
+    scriptRunner = new ScriptRunner;
+}
+
+DataHandler::~DataHandler()
+{
+    delete std::exchange(scriptRunner, nullptr);
+}
 
 QByteArray DataHandler::data(const QString& path, const QMap<QString, QString>& parameters) const
 {

@@ -1,7 +1,7 @@
 // DataHandler: the frame around the two chains of rows that give a path its meaning.
 //
 // Owned by handler. Both operations are called on HTTP threads, by several at once; the object has
-// no state of its own.
+// no state of its own. scriptRunner lives exactly as long as it does.
 #pragma once
 
 #include <QByteArray>
@@ -13,6 +13,12 @@ namespace kor::veltrano::daemons {
 class DataHandler
 {
 public:
+    // Both on the main thread.
+    DataHandler();
+    ~DataHandler();
+    DataHandler(const DataHandler&) = delete;
+    DataHandler& operator=(const DataHandler&) = delete;
+
     // The answer to a GET under /data, as JSON text; empty where no row answers.
     QByteArray data(const QString& path, const QMap<QString, QString>& parameters) const;
 

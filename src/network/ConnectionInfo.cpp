@@ -2,8 +2,7 @@
 
 #include "support/Json.h"
 #include "support/ShortCommand.h"
-
-#include <QTextStream>
+#include "support/TextLines.h"
 
 namespace kor::veltrano::daemons {
 
@@ -12,16 +11,10 @@ QByteArray createConnectionInfo(const QString& connection)
     const CommandOutput output =
         runShortCommand(QStringLiteral("nmcli"),
                         {QStringLiteral("connection"), QStringLiteral("show"), connection});
-    QTextStream text(output.isFinished ? output.standardOutput : output.standardError);
-    QJsonArray lines;
-    QString line;
-    while (text.readLineInto(&line)) {
-        if (!line.isEmpty()) {
-            lines.append(QJsonObject{{QStringLiteral("text"), line}});
-        }
-    }
-    return renderJson(QJsonObject{{QStringLiteral("connection"), connection},
-                                  {QStringLiteral("message"), lines}});
+    return renderJson(QJsonObject{
+        {QStringLiteral("connection"), connection},
+        {QStringLiteral("message"), textLines(output.answer())},
+    });
 }
 
 } // namespace kor::veltrano::daemons

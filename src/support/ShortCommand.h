@@ -13,6 +13,9 @@ struct CommandOutput {
     // What it has printed until it ended or was ended.
     QByteArray standardOutput;
     QByteArray standardError;
+
+    // What is shown of it: the errors of a command that has not ended by itself tell why.
+    QByteArray answer() const { return isFinished ? standardOutput : standardError; }
 };
 
 // Runs a program, found through the search path, without input and waits for it, half a second at
