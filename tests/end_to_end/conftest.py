@@ -7,6 +7,7 @@ from typing import Any, Callable, Iterator
 
 import pytest
 
+from support.configuration import Configuration
 from support.daemon import Daemon, Options
 from support.fake_robot import FakeRobot
 from support.ports import RefusingPort
@@ -87,6 +88,25 @@ def start_daemon(new_daemon: StartDaemon) -> StartDaemon:
         return daemon
 
     return start
+
+
+@pytest.fixture
+def start_configured(start_daemon: StartDaemon) -> Iterator[Callable[..., Configuration]]:
+    """Starts daemons with an empty configuration directory each."""
+    configurations: list[Configuration] = []
+
+    def start(**options: Any) -> Configuration:
+        configurations.append(Configuration(start_daemon(**options)))
+        return configurations[-1]
+
+    yield start
+    for configuration in configurations:
+        configuration.remove_temporaries()
+
+
+@pytest.fixture
+def configuration(start_configured: Callable[..., Configuration]) -> Configuration:
+    return start_configured()
 
 
 @pytest.fixture

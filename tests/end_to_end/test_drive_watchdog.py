@@ -12,7 +12,7 @@ import time
 
 import pytest
 
-from support.deadlines import wait_for
+from support.deadlines import deadline, wait_for
 from support.drive import (DRIVE, EARLIEST_STOP, LATEST_STOP, STANDSTILL, TOLERANCE,
                            timed_velocities, velocities, wait_for_all_commands)
 from support.http import request_bytes
@@ -37,26 +37,15 @@ def wait_and_see(robot):
         rest = quiet_since + 2 * LATEST_STOP - time.monotonic()
         if rest < 0:
             return commands
+        assert time.monotonic() - start < deadline(5), f"no end of {commands}"
         time.sleep(rest)
 
 
 def delays_of_stops(commands):
-    """How long after the last command each stop came; none may be missing and none repeated."""
-    delays = []
-    for (before, command), (after, following) in zip(commands, commands[1:]):
-        if command == STANDSTILL:
-            assert following != STANDSTILL, "a second stop"
-        elif following == STANDSTILL:
-            delays.append(after - before)
-        else:
-            assert after - before <= LONGEST, "no stop"
-    return delays
-
-
-def assert_in_time(delays):
-    """No stop is early or late, and in the middle it is what the watchdog's ticks make it."""
-    assert all(SHORTEST <= delay <= LONGEST for delay in delays), delays
-    assert EARLIEST_STOP <= statistics.median(delays) <= LATEST_STOP, delays
+    """How long after the last command each stop came; none may be repeated."""
+    pairs = list(zip(commands, commands[1:]))
+    assert not [pair for pair in pairs if pair[0][1] == pair[1][1] == STANDSTILL]
+    return [after - before for (before, _), (after, command) in pairs if command == STANDSTILL]
 
 
 def test_without_a_command_nothing_is_sent(start_connected, fake_robot):
@@ -73,7 +62,9 @@ def test_each_command_that_is_the_last_is_followed_by_one_stop(start_connected, 
         wait_for_stop(robot, trial + 1)
     commands = wait_and_see(robot)
     assert [command for _, command in commands] == [(1, 0, 0), STANDSTILL] * 8
-    assert_in_time(delays_of_stops(commands))
+    delays = delays_of_stops(commands)
+    assert all(SHORTEST <= delay <= LONGEST for delay in delays), delays
+    assert EARLIEST_STOP <= statistics.median(delays) <= LATEST_STOP, delays
 
 
 def drive_every_300_ms(daemon, robot):
@@ -181,23 +172,35 @@ def crowd():
     pollers.close()
 
 
+def drive_until_stopped(connection, robot):
+    """The last command's delay until the stop; None where the robot took that command down late."""
+    for _ in range(10):
+        assert connection.request("PUT", DRIVE, b"[1]").status == 200
+        time.sleep(0.05)
+    assert connection.request("PUT", DRIVE, b"[0.5]").status == 200
+    end = time.monotonic()
+    wait_for("the stop", lambda: velocities(robot)[-2:] == [(0.5, 0, 0), STANDSTILL])
+    (last, _), (stop, _) = timed_velocities(robot)[-2:]
+    return stop - last if last - end < 0.03 else None
+
+
 def test_the_stop_is_in_time_among_clients_of_scanner_and_camera(start_connected, simulator,
                                                                  crowd):
-    # Images that needn't be painted leave the robot the time to note when commands come.
+    # Images that needn't be painted leave the robot the time to take down when commands come.
     simulator.call("state.set", {"camera": {"base64": base64.b64encode(bytes(30_000)).decode()}})
     daemon = start_connected(simulator)
     crowd.poll(daemon.port)
     wait_for("the crowd", lambda: crowd.replies > 100)
+    delays = []
     with daemon.connect() as connection:
-        for _ in range(6):
-            for _ in range(10):
-                assert connection.request("PUT", DRIVE, b"[1]").status == 200
-                time.sleep(0.05)
-            while velocities(simulator)[-1] != STANDSTILL:
-                time.sleep(0.05)
-    commands = timed_velocities(simulator)
-    assert [command for _, command in commands].count((1, 0, 0)) == 60
-    delays = delays_of_stops(commands)
-    assert len(delays) >= 6
-    assert_in_time(delays)
+        for trial in range(1, 31):
+            if delay := drive_until_stopped(connection, simulator):
+                delays.append(delay)
+            assert velocities(simulator).count((1, 0, 0)) == 10 * trial
+            if len(delays) == 6:
+                break
+    # What is left of that slowness delays the robot's note of a stop, but never hastens it.
+    assert all(SHORTEST <= delay <= LATEST_STOP + 3 * TOLERANCE for delay in delays), delays
+    assert min(delays) <= LATEST_STOP, delays
+    assert len(delays_of_stops(timed_velocities(simulator))) >= 6
     assert crowd.replies > 1000

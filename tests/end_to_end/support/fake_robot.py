@@ -105,8 +105,9 @@ class FakeRobot:
 
     def serve(self, connection: socket.socket) -> None:
         """Talks to one client until it goes."""
-        for line in connection.makefile("rb"):
-            self.answer(connection, json.loads(line))
+        with connection.makefile("rb") as lines:
+            for line in lines:
+                self.answer(connection, json.loads(line))
 
     def answer(self, connection: socket.socket, message: dict[str, Any]) -> None:
         method = message.get("method")

@@ -73,15 +73,19 @@ class Simulator:
             self._process.kill()
             raise
 
+    def _close_door(self) -> None:
+        self._answers.close()
+        self._door.close()
+
     def stop(self) -> None:
         """Ends the process in order."""
         self.call("sim.quit")
-        self._door.close()
+        self._close_door()
         assert self._process.wait(deadline(10)) == 0
 
     def crash(self) -> None:
         """Ends the process on the spot."""
-        self._door.close()
+        self._close_door()
         self._process.kill()
         self._process.wait()
 

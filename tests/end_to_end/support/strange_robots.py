@@ -64,7 +64,8 @@ class StuffedRobot(FakeRobot):
 
     def serve(self, connection: socket.socket) -> None:
         connection.setsockopt(socket.SOL_SOCKET, socket.SO_RCVBUF, 1024)
-        self.answer(connection, json.loads(connection.makefile("rb").readline()))
+        with connection.makefile("rb") as lines:
+            self.answer(connection, json.loads(lines.readline()))
         self.is_over.wait()
 
     def stop(self) -> None:
