@@ -82,7 +82,8 @@ void NetworkScript::keepResult()
     if (process == nullptr) {
         return;
     }
-    result = process->readAllStandardOutput();
+    // A script that could not be started has nothing to read from.
+    result = process->isOpen() ? process->readAllStandardOutput() : QByteArray();
     process->deleteLater();
     process = nullptr;
 }

@@ -16,6 +16,10 @@ CommandOutput runShortCommand(const QString& program, const QStringList& argumen
     process.start(program, arguments, QIODevice::ReadOnly);
     CommandOutput output;
     output.isFinished = process.waitForFinished(timeoutMs);
+    // A command that could not be started has nothing to read from.
+    if (!process.isOpen()) {
+        return output;
+    }
     output.standardOutput = process.readAllStandardOutput();
     output.standardError = process.readAllStandardError();
     if (process.state() != QProcess::NotRunning) {
