@@ -10,10 +10,11 @@ import pytest
 from support.site import SCRIPTS
 
 DEMO = SCRIPTS.parents[1] / "demo" / "scripts"
-HERE = Path(__file__).parent
-ENTRIES = [file for folder in (SCRIPTS, DEMO, DEMO / "stand-ins", HERE / "support")
-           for file in sorted(folder.iterdir())
-           if file.is_file() and file.read_bytes().startswith(b"#!/bin/sh\n")]
+NAMES = ("configureeth", "configurewlan", "rollbacknetwork", "prepare-network")
+ENTRIES = [folder / name for folder in (SCRIPTS, DEMO) for name in NAMES if (folder / name).exists()]
+ENTRIES += [file for folder in (DEMO / "stand-ins", Path(__file__).parent / "support")
+            for file in sorted(folder.iterdir())
+            if file.is_file() and file.read_bytes().startswith(b"#!/bin/sh\n")]
 
 
 @pytest.mark.parametrize("script", ENTRIES, ids=lambda script: script.name)
