@@ -3,11 +3,12 @@
 # running folder, and stand-ins for the programs that would reach the system.
 
 run=${TESSARAD_DEMO_RUN:-$here/../run}
-export TESSARAD_CONF="${TESSARAD_CONF:-$(readlink -f "$here/../etc/veltrano/tessarad.conf")}"
-
 mkdir -p "$run/network"
 # The demo's settings name their files as seen from here, for the daemon as for the scripts.
 cd "$run"
+conf=$PWD/etc/veltrano/tessarad.conf
+[ -e "$conf" ] || conf=$(readlink -f "$here/../etc/veltrano/tessarad.conf")
+export TESSARAD_CONF="${TESSARAD_CONF:-$conf}"
 for sample in "$here"/network/*; do
     [ -e "network/${sample##*/}" ] || install -m 600 "$sample" network/
 done
