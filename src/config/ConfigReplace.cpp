@@ -66,12 +66,13 @@ bool openTemporaryFile(QFile& file)
 #endif
 }
 
-bool writeTemporaryFile(QFile& file, const QByteArray& text)
+// The path is told apart, since a file that was opened by its descriptor has no name.
+bool writeTemporaryFile(QFile& file, const QString& path, const QByteArray& text)
 {
     if (file.write(text) == text.size() && file.flush()) {
         return true;
     }
-    logPaths("Error writing %1: %2", file.fileName(), file.errorString(), 0);
+    logPath("Error writing %1", path, 0);
     return false;
 }
 
@@ -193,7 +194,7 @@ bool replaceConfigFile(const QMap<QString, QString>& changes, const QString& pat
         return false;
     }
     ConfigRewriter rewriter(changes, path);
-    if (!writeTemporaryFile(temporaryFile, rewriter.rewrite(*oldText))) {
+    if (!writeTemporaryFile(temporaryFile, temporary, rewriter.rewrite(*oldText))) {
         return false;
     }
     temporaryFile.close();
