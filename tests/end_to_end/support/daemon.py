@@ -39,6 +39,8 @@ class Options:
     # True starts it without root's right to open what its owner may not open.
     obeys_permissions: bool = False
     closed_streams: Sequence[int] = ()
+    # A command that changes something for the process and then becomes the daemon.
+    launcher: Sequence[str] = ()
     # Descriptors in place of the files that keep what the daemon prints.
     stdout: int | None = None
     stderr: int | None = None
@@ -119,6 +121,7 @@ class Daemon:
         command: list[str | bytes] = [str(BINARIES / "tessarad"), *arguments]
         if self.options.obeys_permissions and os.geteuid() == 0:
             command = ["setpriv", "--bounding-set=-dac_override,-dac_read_search", *command]
+        command = [*self.options.launcher, *command]
         if self.options.closed_streams:
             closings = " ".join(f"{stream}>&-" for stream in self.options.closed_streams)
             command = ["/bin/sh", "-c", f'exec "$@" {closings}', "sh", *command]
