@@ -3,6 +3,7 @@
 #include "Problem.h"
 
 #include <QElapsedTimer>
+#include <QNetworkProxy>
 
 #include <algorithm>
 
@@ -10,7 +11,6 @@ namespace kor::veltrano::lumview {
 
 namespace {
 
-constexpr int replyTimeoutMs = 5000;
 constexpr int defaultPort = 80;
 const char* const headEnd = "\r\n\r\n";
 
@@ -30,8 +30,10 @@ qint64 replyLength(const QByteArray& received)
 
 } // namespace
 
-HttpClient::HttpClient(const std::string& server)
-    : serverAddress(server), url(QString::fromStdString(server), QUrl::StrictMode)
+HttpClient::HttpClient(const std::string& server, int timeoutMs)
+    : replyTimeoutMs(timeoutMs),
+      serverAddress(server),
+      url(QString::fromStdString(server), QUrl::StrictMode)
 {
     if (!url.isValid() || url.scheme() != QLatin1String("http") || url.host().isEmpty()) {
         throw Problem("expected the daemon's address as http://127.0.0.1:8080, but found \""
@@ -43,6 +45,8 @@ HttpReply HttpClient::request(const QByteArray& method, const QByteArray& target
                               const QByteArray& body)
 {
     QTcpSocket socket;
+    // The daemon is near by, whatever the environment says of the way into the world.
+    socket.setProxy(QNetworkProxy::NoProxy);
     socket.connectToHost(url.host(), quint16(url.port(defaultPort)));
     if (!socket.waitForConnected(replyTimeoutMs)) {
         fail(socket.errorString());

@@ -21,11 +21,12 @@ struct HttpReply {
 class HttpClient
 {
 public:
-    // Throws a Problem unless the address has the form http://HOST:PORT.
-    explicit HttpClient(const std::string& server);
+    // Throws a Problem unless the address has the form http://HOST:PORT. A connection, and then a
+    // whole reply, may each take as long as the timeout says.
+    explicit HttpClient(const std::string& server, int timeoutMs = 5000);
 
-    // Sends a request with a body of JSON, which may be empty. Throws a Problem when the reply
-    // isn't there within 5 s.
+    // Sends a request with a body of JSON, which may be empty. Throws a Problem when the whole
+    // reply isn't there in time.
     HttpReply request(const QByteArray& method, const QByteArray& target, const QByteArray& body);
 
     // The address, for messages.
@@ -36,6 +37,7 @@ private:
     QByteArray receive(QTcpSocket& socket) const;
     [[noreturn]] void fail(const QString& reason) const;
 
+    int replyTimeoutMs;
     std::string serverAddress;
     QUrl url;
 };

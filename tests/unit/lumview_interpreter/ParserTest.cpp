@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <ostream>
+#include <sstream>
 
 using namespace kor::veltrano::lumview;
 
@@ -122,6 +124,17 @@ TEST(ParserTest, AcceptsAnyKindOfFile)
                         "e = 1\nprint gr\xc3\xb6\xc3\x9f"
                         "e"),
               "");
+}
+
+TEST(ParserTest, FindsNoMistakeInTheExamples)
+{
+    for (const char* name : {"hello", "square", "patrol"}) {
+        std::ifstream file(std::string(EXAMPLES_PATH) + '/' + name + ".lv");
+        std::ostringstream text;
+        text << file.rdbuf();
+        EXPECT_NE(text.str(), "") << name;
+        EXPECT_EQ(mistakeOf(text.str()), "") << name;
+    }
 }
 
 TEST(ParserTest, RefusesWhatWouldOverflowTheStack)
