@@ -1,0 +1,63 @@
+import { type Signal, signal } from "@preact/signals";
+import type { ComponentChildren, VNode } from "preact";
+import { useId, useLayoutEffect, useRef } from "preact/hooks";
+import { kit } from "../texts/kit";
+import { Icon } from "./Icon";
+
+export interface DialogProps {
+  title: ComponentChildren;
+  onClose: () => void;
+  actions?: ComponentChildren;
+  children?: ComponentChildren;
+  /** The dialog goes only by its own actions. */
+  blocking?: boolean;
+  wide?: boolean;
+}
+
+/**
+ * What every dialog shows beside its title. A modal dialog takes the rest of the page out of reach,
+ * and the button that stops the robot must stay in reach.
+ */
+export const dialogCompanion: Signal<(() => VNode | null) | undefined> = signal(undefined);
+
+export function Dialog({ title, onClose, actions, children, blocking, wide }: DialogProps) {
+  const id = useId();
+  const element = useRef<HTMLDialogElement>(null);
+  useLayoutEffect(() => {
+    const dialog = element.current;
+    const before = document.activeElement;
+    dialog?.showModal();
+    return () => {
+      dialog?.close();
+      if (before instanceof HTMLElement) {
+        before.focus();
+      }
+    };
+  }, []);
+  const Companion = dialogCompanion.value;
+  return (
+    <dialog
+      ref={element}
+      class={wide ? "dialog wide" : "dialog"}
+      aria-labelledby={id}
+      onCancel={(event) => {
+        event.preventDefault();
+        if (!blocking) {
+          onClose();
+        }
+      }}
+    >
+      <header>
+        <h2 id={id}>{title}</h2>
+        {Companion && <Companion />}
+        {!blocking && (
+          <button type="button" class="button plain bare" aria-label={kit.close} onClick={onClose}>
+            <Icon name="close" />
+          </button>
+        )}
+      </header>
+      <div class="content">{children}</div>
+      {actions && <footer>{actions}</footer>}
+    </dialog>
+  );
+}

@@ -1,0 +1,32 @@
+import type { SelectHTMLAttributes } from "preact";
+import { useFieldAttributes } from "./Field";
+
+export interface SelectProps<T extends string>
+  extends Omit<SelectHTMLAttributes, "onChange" | "onInput" | "value"> {
+  value: T;
+  options: readonly { readonly value: T; readonly label: string; readonly disabled?: boolean }[];
+  onChange: (value: T) => void;
+}
+
+export function Select<T extends string>({ value, options, onChange, ...rest }: SelectProps<T>) {
+  return (
+    <select
+      class="input"
+      {...useFieldAttributes()}
+      {...rest}
+      value={value}
+      onChange={(event) => onChange(event.currentTarget.value as T)}
+    >
+      {options.map((option) => (
+        <option
+          key={option.value}
+          value={option.value}
+          selected={option.value === value}
+          disabled={option.disabled ?? false}
+        >
+          {option.label}
+        </option>
+      ))}
+    </select>
+  );
+}

@@ -1,0 +1,9 @@
+export const kit = {
+  seconds: (count: number) => `${count} s`,
+  minutes: (count: number) => `${count} min`,
+  hours: (count: number) => `${count} h`,
+  old: (age: string) => `${age} old`,
+  noData: "no data yet",
+  close: "Close",
+  cancel: "Cancel",
+};
