@@ -35,9 +35,13 @@ bool isInstance(const QString& name)
     return name.contains(QLatin1Char('@')) && !isTemplate(name);
 }
 
-// A link in the place of the unit's own file is the mark that it is deactivated.
+// A link in the place of the unit's own file is the mark that it is deactivated. A name with a zero
+// in it names no file, and Qt would complain of every one.
 bool isActivated(const QString& name)
 {
+    if (name.contains(QChar(u'\0'))) {
+        return true;
+    }
     const QString unit =
         QString::fromUtf8(unitDirectory) + QLatin1Char('/') + name + QLatin1String(".service");
     return QFile::symLinkTarget(unit).isEmpty();
