@@ -22,21 +22,22 @@ export const defaultSensorGeometry: SensorGeometry = {
   scannerAngleDeg: 0,
 };
 
-function isWithin(value: unknown, least: number, most: number): value is number {
+function isWithin(value: unknown, least: number, most: number): boolean {
   return typeof value === "number" && value >= least && value <= most;
 }
 
-export function isSensorGeometry(value: unknown): value is SensorGeometry {
+/** Undefined for whatever is no geometry of a robot. */
+export function asSensorGeometry(value: unknown): SensorGeometry | undefined {
   if (typeof value !== "object" || value === null) {
-    return false;
+    return undefined;
   }
   const it = value as Partial<Record<keyof SensorGeometry, unknown>>;
-  return (
+  const fits =
     isWithin(it.startAngleDeg, -360, 360) &&
     (it.direction === "left" || it.direction === "right") &&
     isWithin(it.metresPerUnit, 0.0001, 10) &&
     isWithin(it.sensorRange, 0.01, 20) &&
     isWithin(it.robotRadius, 0.05, 2) &&
-    isWithin(it.scannerAngleDeg, -360, 360)
-  );
+    isWithin(it.scannerAngleDeg, -360, 360);
+  return fits ? (value as SensorGeometry) : undefined;
 }

@@ -1,0 +1,31 @@
+import { useComputed } from "@preact/signals";
+import { now } from "../data/clock";
+import { odometry } from "../data/resources";
+import { useResource } from "../data/useResource";
+import { Canvas } from "../kit/Canvas";
+import { robotViewTexts as texts } from "../texts/robotView";
+import { paintTrace } from "./paintTrace";
+import { traceChanges, traceLines } from "./poseTrace";
+import { lengthOf } from "./trace";
+import "./robotView.css";
+
+/** The way of the last 30 seconds as a map, with gaps where nothing was known. */
+export function PoseTrace() {
+  useResource(odometry);
+  const label = useComputed(() => {
+    now.value;
+    const lines = traceLines();
+    return lines.length === 0 ? texts.trace.none : texts.trace.label(lengthOf(lines));
+  });
+  return (
+    <div class="pose-trace">
+      <Canvas
+        label={label.value}
+        redrawOn={traceChanges}
+        paint={(context, width, height, theme) =>
+          paintTrace(context, width, height, theme, traceLines())
+        }
+      />
+    </div>
+  );
+}
