@@ -1,0 +1,87 @@
+import { signal } from "@preact/signals";
+import { Age } from "../kit/Age";
+import { Card } from "../kit/Card";
+import { Chip } from "../kit/Chip";
+import { DataTable } from "../kit/DataTable";
+import { Empty } from "../kit/Empty";
+import { programsTexts as texts } from "../texts/programs";
+import { ProgramActions } from "./ProgramActions";
+import { fileNameOf, isDownloadOnly, type Program } from "./programList";
+import { RenameForm } from "./RenameForm";
+import { programs } from "./resources";
+
+const renaming = signal<string | undefined>(undefined);
+
+function State({ program }: { program: Program }) {
+  if (program.running) {
+    return (
+      <Chip tone="ok" icon="play">
+        {texts.running}
+      </Chip>
+    );
+  }
+  return isDownloadOnly(program) ? (
+    <Chip tone="neutral" icon="download" title={texts.downloadOnlyTitle}>
+      {texts.downloadOnly}
+    </Chip>
+  ) : (
+    <Chip tone="neutral" icon="square">
+      {texts.stopped}
+    </Chip>
+  );
+}
+
+function Name({ program, all }: { program: Program; all: readonly Program[] }) {
+  if (renaming.value === fileNameOf(program) && !program.running) {
+    return (
+      <RenameForm
+        program={program}
+        all={all}
+        onEnd={() => {
+          renaming.value = undefined;
+        }}
+      />
+    );
+  }
+  return (
+    <span class="name">
+      {program.name}
+      {program.suffix && <span class="suffix">.{program.suffix}</span>}
+    </span>
+  );
+}
+
+export function ProgramCard({ enabled }: { enabled: boolean }) {
+  const list = programs.value.value;
+  const columns = [
+    { title: texts.name, cell: (program: Program) => <Name program={program} all={list ?? []} /> },
+    { title: texts.state, cell: (program: Program) => <State program={program} /> },
+    {
+      title: texts.actions,
+      align: "end" as const,
+      cell: (program: Program) => (
+        <ProgramActions
+          program={program}
+          enabled={enabled}
+          onRename={() => {
+            renaming.value = fileNameOf(program);
+          }}
+        />
+      ),
+    },
+  ];
+  return (
+    <Card title={texts.list} aside={<Age resource={programs} />}>
+      {list?.length === 0 && <Empty icon="file">{texts.none}</Empty>}
+      {list !== undefined && list.length > 0 && (
+        <DataTable
+          class="blocks"
+          caption={texts.list}
+          columns={columns}
+          rows={list}
+          keyOf={fileNameOf}
+        />
+      )}
+    </Card>
+  );
+}

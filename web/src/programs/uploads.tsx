@@ -1,0 +1,51 @@
+import { signal } from "@preact/signals";
+import { choose } from "../kit/questions";
+import { Toggle } from "../kit/Toggle";
+import { programsTexts } from "../texts/programs";
+import { readPrograms } from "./programActions";
+import { fileNameOf } from "./programList";
+import { programs } from "./resources";
+import { readBase64, sendUpload } from "./sendUpload";
+import type { OverwriteDecision, UploadDeps } from "./uploadItem";
+import { UploadQueue } from "./uploadQueue";
+
+const forAll = signal(false);
+
+function ForAll({ remaining }: { remaining: number }) {
+  return (
+    <Toggle
+      label={programsTexts.overwriteForAll(remaining)}
+      checked={forAll.value}
+      onChange={(checked) => {
+        forAll.value = checked;
+      }}
+    />
+  );
+}
+
+const askOverwrite: UploadDeps<File>["askOverwrite"] = async (name, remaining) => {
+  forAll.value = false;
+  const label = programsTexts.overwrite;
+  const decision = await choose<OverwriteDecision>({
+    title: programsTexts.overwriteTitle(name),
+    body: remaining > 0 && <ForAll remaining={remaining} />,
+    choices: [
+      { label: label.skip, value: "skip" },
+      { label: label.rename, value: "rename" },
+      { label: label.replace, value: "replace", kind: "primary" },
+    ],
+  });
+  return decision && { decision, forAll: forAll.peek() };
+};
+
+/** Outlives the page: uploads go on while something else is looked at. */
+export const uploads = new UploadQueue<File>({
+  listNames: async () => {
+    const list = await readPrograms();
+    void programs.refresh();
+    return list && new Set(list.map(fileNameOf));
+  },
+  readBase64,
+  send: sendUpload,
+  askOverwrite,
+});
