@@ -1,0 +1,49 @@
+import { linkState } from "../data/link";
+import { analogInputs, digitalInputs } from "../data/resources";
+import { canOperate, openLogin } from "../data/session";
+import { useResource } from "../data/useResource";
+import { Button } from "../kit/Button";
+import { ioTexts as texts } from "../texts/io";
+import { AnalogInputs } from "./AnalogInputs";
+import { DigitalInputs } from "./DigitalInputs";
+import "./io.css";
+import { outputMemory, relayMemory } from "./outputMemories";
+import { SwitchCard } from "./SwitchCard";
+
+export function IoPage() {
+  useResource(digitalInputs);
+  useResource(analogInputs);
+  const enabled = canOperate.value && linkState.value === "connected";
+  return (
+    <div class="io stack">
+      {!canOperate.value && (
+        <p class="row">
+          {texts.needsOperator}
+          <Button icon="user" onClick={() => openLogin(texts.needsOperator)}>
+            {texts.logIn}
+          </Button>
+        </p>
+      )}
+      <div class="switching">
+        <DigitalInputs />
+        <SwitchCard
+          title={texts.outputs}
+          path="/data/digitaloutputarray"
+          count={8}
+          nameOf={texts.output}
+          memory={outputMemory}
+          enabled={enabled}
+        />
+        <SwitchCard
+          title={texts.relays}
+          path="/data/relayarray"
+          count={2}
+          nameOf={texts.relay}
+          memory={relayMemory}
+          enabled={enabled}
+        />
+      </div>
+      <AnalogInputs />
+    </div>
+  );
+}

@@ -1,0 +1,60 @@
+import { useState } from "preact/hooks";
+import { linkState } from "../data/link";
+import { canAdminister, canOperate, openLogin } from "../data/session";
+import { useResource } from "../data/useResource";
+import { Age } from "../kit/Age";
+import { Button } from "../kit/Button";
+import { Card } from "../kit/Card";
+import { Empty } from "../kit/Empty";
+import { TextInput } from "../kit/TextInput";
+import { servicesTexts as texts } from "../texts/services";
+import { services } from "./resources";
+import { ServiceItem } from "./ServiceItem";
+import "./services.css";
+import { filtered, rowsOf } from "./tree";
+
+export function ServicesPage() {
+  useResource(services);
+  const [words, setWords] = useState("");
+  const groups = services.value.value;
+  const shown = filtered(groups ?? [], words);
+  const connected = linkState.value === "connected";
+  const rights = {
+    mayRun: connected && canOperate.value,
+    mayActivate: connected && canAdminister.value,
+  };
+  return (
+    <div class="services stack">
+      {!canOperate.value && (
+        <p class="row">
+          {texts.needsOperator}
+          <Button icon="user" onClick={() => openLogin(texts.needsOperator)}>
+            {texts.logIn}
+          </Button>
+        </p>
+      )}
+      <div class="row">
+        <TextInput
+          type="search"
+          placeholder={texts.filter}
+          aria-label={texts.filter}
+          value={words}
+          onInput={setWords}
+        />
+        <Age resource={services} />
+      </div>
+      {groups !== undefined && shown.length === 0 && (
+        <Empty icon="services">{groups.length === 0 ? texts.none : texts.noMatch}</Empty>
+      )}
+      {shown.map((group) => (
+        <Card key={group.name} title={group.name}>
+          <ul>
+            {rowsOf(group).map((row) => (
+              <ServiceItem key={row.service.name} row={row} rights={rights} />
+            ))}
+          </ul>
+        </Card>
+      ))}
+    </div>
+  );
+}
