@@ -1,0 +1,67 @@
+import { useComputed, useSignal } from "@preact/signals";
+import { useEffect, useState } from "preact/hooks";
+import { linkState } from "../data/link";
+import { pollingPaused } from "../data/scheduler";
+import { visible } from "../data/visibility";
+import { Icon } from "../kit/Icon";
+import { driveTexts as texts } from "../texts/drive";
+import { CameraFeed } from "./cameraFeed";
+
+const greyAfterMs = 1000;
+const ageStepMs = 200;
+
+/** The newest picture of the camera, with its age; grey when it is old. */
+export function CameraView() {
+  const isWanted = useComputed(
+    () => visible.value && linkState.value === "connected" && pollingPaused.value === undefined,
+  ).value;
+  const [feed, setFeed] = useState<CameraFeed | undefined>(undefined);
+  const ageMs = useSignal(0);
+
+  useEffect(() => {
+    if (!isWanted) {
+      return undefined;
+    }
+    const started = new CameraFeed();
+    started.start();
+    setFeed(started);
+    return () => started.stop();
+  }, [isWanted]);
+
+  useEffect(() => {
+    const timer = setInterval(() => {
+      const arrivedAt = feed?.frame.peek()?.arrivedAt;
+      ageMs.value = arrivedAt === undefined ? 0 : performance.now() - arrivedAt;
+    }, ageStepMs);
+    return () => clearInterval(timer);
+  }, [feed]);
+
+  const frame = feed?.frame.value;
+  const problem = feed?.problem.value;
+  const isOld = ageMs.value > greyAfterMs;
+  return (
+    <div class={`camera ${isOld ? "old" : ""}`}>
+      {frame && (
+        <img
+          src={frame.source}
+          alt={texts.cameraPicture}
+          draggable={false}
+          onLoad={() => feed?.drawn(true)}
+          onError={() => feed?.drawn(false)}
+        />
+      )}
+      {frame && (
+        <span class="frame-age">
+          <Icon name="clock" />
+          {texts.frameAge(ageMs.value / 1000)}
+        </span>
+      )}
+      {problem && (!frame || isOld) && (
+        <p class="problem">
+          <Icon name="camera" />
+          {texts.frameProblems[problem]}
+        </p>
+      )}
+    </div>
+  );
+}

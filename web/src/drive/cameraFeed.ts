@@ -1,0 +1,95 @@
+import { computed, type ReadonlySignal, signal } from "@preact/signals";
+import { addressOf } from "../data/requests";
+import { FramePace, type FrameProblem, frameProblem } from "./framePace";
+
+export interface Frame {
+  readonly source: string;
+  readonly arrivedAt: number;
+}
+
+const timeoutMs = 2000;
+
+/** Asks for one picture after the other, the next one only when the last has been drawn. */
+export class CameraFeed {
+  readonly #frame = signal<Frame | undefined>(undefined);
+  readonly #problem = signal<FrameProblem | undefined>("waiting");
+  readonly #pace = new FramePace();
+  readonly #abort = new AbortController();
+  #timer: ReturnType<typeof setTimeout> | undefined;
+  #former: string | undefined;
+
+  readonly frame: ReadonlySignal<Frame | undefined> = computed(() => this.#frame.value);
+  /** Why there is no new picture; the last one stays. */
+  readonly problem: ReadonlySignal<FrameProblem | undefined> = computed(() => this.#problem.value);
+
+  start(): void {
+    void this.#ask();
+  }
+
+  stop(): void {
+    this.#abort.abort();
+    clearTimeout(this.#timer);
+    this.#revoke(this.#former);
+    this.#revoke(this.#frame.peek()?.source);
+    this.#frame.value = undefined;
+  }
+
+  /** The picture is on the screen, or can't be shown. */
+  drawn(isShown: boolean): void {
+    this.#revoke(this.#former);
+    this.#former = undefined;
+    if (!isShown) {
+      this.#problem.value = "noJpeg";
+    }
+    this.#later(isShown ? this.#pace.afterFrame() : this.#pace.afterProblem("noJpeg"));
+  }
+
+  async #ask(): Promise<void> {
+    const outcome = await this.#fetch();
+    if (this.#abort.signal.aborted) {
+      return;
+    }
+    if (typeof outcome === "string") {
+      this.#problem.value = outcome;
+      this.#later(this.#pace.afterProblem(outcome));
+      return;
+    }
+    this.#former = this.#frame.peek()?.source;
+    this.#problem.value = undefined;
+    this.#frame.value = { source: URL.createObjectURL(outcome), arrivedAt: performance.now() };
+    // A picture that is out of sight may never be drawn.
+    this.#later(timeoutMs);
+  }
+
+  async #fetch(): Promise<Blob | FrameProblem> {
+    const patience = new AbortController();
+    const giveUp = () => patience.abort();
+    const timer = setTimeout(giveUp, timeoutMs);
+    this.#abort.signal.addEventListener("abort", giveUp);
+    try {
+      const response = await fetch(addressOf("/cam0"), {
+        cache: "no-store",
+        signal: patience.signal,
+      });
+      return response.ok ? await response.blob() : frameProblem(await response.text());
+    } catch {
+      return "unreachable";
+    } finally {
+      clearTimeout(timer);
+      this.#abort.signal.removeEventListener("abort", giveUp);
+    }
+  }
+
+  #later(ms: number): void {
+    clearTimeout(this.#timer);
+    if (!this.#abort.signal.aborted) {
+      this.#timer = setTimeout(() => void this.#ask(), ms);
+    }
+  }
+
+  #revoke(source: string | undefined): void {
+    if (source !== undefined) {
+      URL.revokeObjectURL(source);
+    }
+  }
+}

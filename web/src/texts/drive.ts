@@ -1,0 +1,127 @@
+import type { StopOutcome } from "../drive/driveControl";
+import type { DriveScene, KeyMapName } from "../drive/driveSettings";
+import type { FrameProblem } from "../drive/framePace";
+import type { DriveState, LockReason } from "../drive/machine";
+import type { Velocity } from "../drive/velocity";
+import { formatNumber } from "../kit/format";
+
+const states: Record<DriveState, string> = {
+  locked: "Locked",
+  armed: "Ready",
+  driving: "Driving",
+  stopping: "Stopping",
+};
+
+const reasons: Record<LockReason, string> = {
+  start: "Unlock to drive. The robot moves only while you hold a control.",
+  switch: "You locked the drive.",
+  stop: "The stop button stopped the robot. Unlock to drive on.",
+  hidden: "Locked because the page was hidden.",
+  blur: "Locked because another window came to the front.",
+  leaving: "Locked because the page was left.",
+  offline: "Locked because the connection was lost.",
+  slow: "Locked because the robot didn't answer in time: the link is too slow.",
+  role: "Locked because your login doesn't permit driving any more.",
+  limits: "Locked because the robot refused the command.",
+  gamepad: "Locked because the gamepad is gone.",
+  otherTab: "Locked because another tab of this browser took over or stopped the robot.",
+  notNeutral: "Let go of all sticks and keys first, then unlock.",
+  unconfirmed: "Stop not confirmed – the robot stops by itself within 0.5 s.",
+};
+
+const stops: Record<StopOutcome, string> = {
+  idle: "",
+  stopping: "Stopping …",
+  confirmed: "The robot has confirmed the stop.",
+  unconfirmed: "Stop not confirmed – the robot stops by itself within 0.5 s.",
+};
+
+const scenes: Record<DriveScene, string> = {
+  sideBySide: "Camera and scan, side by side",
+  overlay: "Scan over the camera",
+  camera: "Camera",
+  scan: "Scan",
+};
+
+const frameProblems: Record<FrameProblem, string> = {
+  waiting: "Waiting for the camera: it is starting or has no new picture.",
+  noJpeg: "The camera's picture can't be shown: it is no JPEG or too large.",
+  unreachable: "No answer from the camera.",
+  other: "The robot gives no camera picture.",
+};
+
+const keyMapNames: Record<KeyMapName, string> = {
+  letters: "W A S D, turn with Q E",
+  arrows: "Arrow keys, turn with , .",
+};
+
+export const driveTexts = {
+  states,
+  reasons,
+  stops,
+  scenes,
+  frameProblems,
+  keyMapNames,
+  unlock: "Unlock driving",
+  armedHint: "Hold a stick, or Shift and a key, to drive. Letting go stops the robot.",
+  drivingHint: "Letting go stops the robot.",
+  slowLink: "Slow link: half speed",
+  velocity: ([vx, vy, omega]: Velocity) =>
+    `${formatNumber(vx)} m/s ahead, ${formatNumber(vy)} m/s left, ${formatNumber(omega)} rad/s`,
+  commanded: "Command",
+  measured: "Robot",
+  halved: "That was outside the robot's speed limits. The highest speed of this page is halved.",
+  loginAgain: "Driving needs an operator's login.",
+  movesElsewhere: "The robot moves without this page: a program or somebody else drives it.",
+  otherTab: "Another tab of this browser drives the robot.",
+  takeOver: "Take over",
+  speed: "Speed",
+  scale: (scale: number) => `${Math.round(scale * 100)} %`,
+  stick: "Stick for ahead and sideways: drag and hold",
+  turnStick: "Stick for turning: drag and hold",
+  ahead: "ahead",
+  back: "back",
+  left: "left",
+  right: "right",
+  turn: "turn",
+  stage: "Camera and surroundings. With the keyboard: hold Shift and a direction key.",
+  cameraPicture: "What the robot's camera sees",
+  frameAge: (seconds: number) => `${seconds.toFixed(1)} s old`,
+  cameraShared: "Each picture is sent once: two viewers share the pictures of the camera.",
+  steps: {
+    title: "Steps",
+    intro: "One press moves the robot slowly for 0.3 s.",
+    unlockFirst: "Unlock driving first.",
+    ahead: "Step ahead",
+    back: "Step back",
+    left: "Step left",
+    right: "Step right",
+    turnLeft: "Turn left a little",
+    turnRight: "Turn right a little",
+  },
+  inputs: {
+    title: "Keyboard and gamepad",
+    keys: "Keys, held with Shift",
+    keysHint: "They count while no field and no button has the focus.",
+    gamepad: "Gamepad",
+    unsupported:
+      "This browser offers gamepads only to pages with https. Chromium offers them here too.",
+    none: "No gamepad found. Connect one and press a button of it.",
+    unknownLayout: (id: string) => `"${id}" has an unknown layout and can't be used.`,
+    choose: "Choose a gamepad",
+    ready: "Hold a shoulder button; the left stick drives, the right one turns.",
+  },
+  options: {
+    title: "View and speed",
+    scene: "Show",
+    stickSide: "Driving stick on the",
+    maxSpeed: "Highest speed ahead, in m/s",
+    maxSideways: "Highest speed sideways, in m/s",
+    maxTurn: "Highest turning speed, in rad/s",
+    takeLimits: "Take the robot's own limits",
+    noLimits: "The configuration shows no limits of the drive.",
+    limitsTaken: (vx: number, vy: number, omega: number) =>
+      `Taken: ${vx} m/s ahead, ${vy} m/s sideways, ${omega} rad/s`,
+    sensors: "Where the sensors sit",
+  },
+};
