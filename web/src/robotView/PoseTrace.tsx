@@ -5,7 +5,7 @@ import { useResource } from "../data/useResource";
 import { Canvas } from "../kit/Canvas";
 import { robotViewTexts as texts } from "../texts/robotView";
 import { paintTrace } from "./paintTrace";
-import { traceChanges, traceLines } from "./poseTrace";
+import { traceChanges, traceLines } from "./traceRecord";
 import { lengthOf } from "./trace";
 import "./robotView.css";
 
