@@ -5,7 +5,7 @@ import { Chip } from "../kit/Chip";
 import { DataTable } from "../kit/DataTable";
 import { Empty } from "../kit/Empty";
 import { programsTexts as texts } from "../texts/programs";
-import { ProgramActions } from "./ProgramActions";
+import { ProgramButtons } from "./ProgramButtons";
 import { fileNameOf, isDownloadOnly, type Program } from "./programList";
 import { RenameForm } from "./RenameForm";
 import { programs } from "./resources";
@@ -60,7 +60,7 @@ export function ProgramCard({ enabled }: { enabled: boolean }) {
       title: texts.actions,
       align: "end" as const,
       cell: (program: Program) => (
-        <ProgramActions
+        <ProgramButtons
           program={program}
           enabled={enabled}
           onRename={() => {

@@ -4,13 +4,13 @@ import { programsTexts as texts } from "../texts/programs";
 import { busyFile, remove, start, stop } from "./programActions";
 import { downloadAddress, fileNameOf, isDownloadOnly, type Program } from "./programList";
 
-interface ActionsProps {
+interface ButtonsProps {
   program: Program;
   enabled: boolean;
   onRename: () => void;
 }
 
-export function ProgramActions({ program, enabled, onRename }: ActionsProps) {
+export function ProgramButtons({ program, enabled, onRename }: ButtonsProps) {
   const file = fileNameOf(program);
   const busy = busyFile.value === file;
   const locked = !enabled || (busyFile.value !== undefined && !busy);
