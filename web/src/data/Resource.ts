@@ -1,4 +1,4 @@
-import { batch, computed, effect, type ReadonlySignal, signal } from "@preact/signals";
+import { batch, computed, effect, type ReadonlySignal, type Signal, signal } from "@preact/signals";
 import { refreshFactor } from "../settings/general";
 import { now } from "./clock";
 import { type Freshness, freshnessOf, staleAfterMs } from "./freshness";
@@ -32,19 +32,21 @@ export class Resource<T> {
   readonly #value = signal<T | undefined>(undefined);
   readonly #arrivedAt = signal<number | undefined>(undefined);
   #inFlight: Promise<ReadOutcome> | undefined;
-  #holders = 0;
+  readonly #holders = new Set<{ readonly periodMs: number }>();
+  readonly #periodMs: Signal<number>;
   #stopPolling: (() => void) | undefined;
 
   constructor(path: string, options: ResourceOptions<T>) {
     this.path = path;
     this.#options = options;
+    this.#periodMs = signal(options.periodMs);
     this.value = this.#value;
     this.arrivedAt = this.#arrivedAt;
     this.freshness = computed(() =>
       freshnessOf(
         now.value,
         this.#arrivedAt.value,
-        staleAfterMs(options.periodMs * refreshFactor.value, options.sequenceOf !== undefined),
+        staleAfterMs(this.#periodMs.value * refreshFactor.value, options.sequenceOf !== undefined),
       ),
     );
   }
@@ -57,21 +59,24 @@ export class Resource<T> {
     return this.#inFlight;
   }
 
-  /** Polls until the returned function is called; several holders share one polling. */
-  hold(): () => void {
-    this.#holders += 1;
+  /** Polls until the returned function is called; several holders share the fastest polling. */
+  hold(periodMs = this.#options.periodMs): () => void {
+    const holder = { periodMs };
+    this.#holders.add(holder);
+    this.#adjust();
     this.#stopPolling ??= this.#poll();
-    let held = true;
     return () => {
-      if (held) {
-        held = false;
-        this.#holders -= 1;
-        if (this.#holders === 0) {
-          this.#stopPolling?.();
-          this.#stopPolling = undefined;
-        }
+      if (this.#holders.delete(holder) && this.#holders.size === 0) {
+        this.#stopPolling?.();
+        this.#stopPolling = undefined;
       }
+      this.#adjust();
     };
+  }
+
+  #adjust(): void {
+    const wanted = [...this.#holders].map((holder) => holder.periodMs);
+    this.#periodMs.value = wanted.length === 0 ? this.#options.periodMs : Math.min(...wanted);
   }
 
   async #ask(): Promise<ReadOutcome> {
@@ -110,7 +115,7 @@ export class Resource<T> {
   }
 
   #poll(): () => void {
-    const { periodMs, needs } = this.#options;
+    const { needs } = this.#options;
     const permitted = computed(() => needs === undefined || reaches(role.value, needs));
     const wanted = computed(
       () =>
@@ -125,7 +130,7 @@ export class Resource<T> {
       const begun = Date.now();
       await this.refresh();
       if (mine === round) {
-        const rest = periodMs * refreshFactor.peek() - (Date.now() - begun);
+        const rest = this.#periodMs.peek() * refreshFactor.peek() - (Date.now() - begun);
         timer = setTimeout(() => void turn(mine), Math.max(rest, 0));
       }
     };
@@ -135,6 +140,8 @@ export class Resource<T> {
     };
     const stopWatching = effect(() => {
       stop();
+      // Whoever wants it faster need not wait for the slow turn to end.
+      this.#periodMs.value;
       if (wanted.value) {
         void turn(round);
       }

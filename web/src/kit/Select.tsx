@@ -2,7 +2,7 @@ import type { SelectHTMLAttributes } from "preact";
 import { useFieldAttributes } from "./Field";
 
 export interface SelectProps<T extends string>
-  extends Omit<SelectHTMLAttributes, "onChange" | "onInput" | "value"> {
+  extends Omit<SelectHTMLAttributes, "onChange" | "onInput" | "value" | "role"> {
   value: T;
   options: readonly { readonly value: T; readonly label: string; readonly disabled?: boolean }[];
   onChange: (value: T) => void;
@@ -13,7 +13,7 @@ export function Select<T extends string>({ value, options, onChange, ...rest }: 
     <select
       class="input"
       {...useFieldAttributes()}
-      {...rest}
+      {...(rest as SelectHTMLAttributes)}
       value={value}
       onChange={(event) => onChange(event.currentTarget.value as T)}
     >

@@ -2,7 +2,7 @@ import type { InputHTMLAttributes } from "preact";
 import { useFieldAttributes } from "./Field";
 
 export interface TextInputProps
-  extends Omit<InputHTMLAttributes, "onInput" | "onChange" | "value"> {
+  extends Omit<InputHTMLAttributes, "onInput" | "onChange" | "value" | "role"> {
   value: string;
   onInput: (value: string) => void;
 }
@@ -16,7 +16,7 @@ export function TextInput({ value, onInput, ...rest }: TextInputProps) {
       autocapitalize="off"
       spellcheck={false}
       {...useFieldAttributes()}
-      {...rest}
+      {...(rest as InputHTMLAttributes)}
       value={value}
       onInput={(event) => onInput(event.currentTarget.value)}
     />

@@ -1,0 +1,41 @@
+import { type ReadonlySignal, signal } from "@preact/signals";
+import { canOperate } from "../data/session";
+import { stopDrive } from "../drive/stop";
+import { readPrograms, stop } from "../programs/programActions";
+import { fileNameOf, runningProgram } from "../programs/programList";
+
+const offeredMs = 15_000;
+
+const offered = signal<{ name: string; stop: () => void } | undefined>(undefined);
+let timer: ReturnType<typeof setTimeout> | undefined;
+
+/** The program that was running when the drive was stopped, offered for a while. */
+export const programToStop: ReadonlySignal<{ name: string; stop: () => void } | undefined> =
+  offered;
+
+function withdraw(): void {
+  clearTimeout(timer);
+  offered.value = undefined;
+}
+
+export function stopAll(): void {
+  if (canOperate.peek()) {
+    stopDrive();
+    void offerProgram();
+  }
+}
+
+async function offerProgram(): Promise<void> {
+  const running = runningProgram((await readPrograms()) ?? []);
+  withdraw();
+  if (running !== undefined) {
+    offered.value = {
+      name: fileNameOf(running),
+      stop: () => {
+        withdraw();
+        void stop(running);
+      },
+    };
+    timer = setTimeout(withdraw, offeredMs);
+  }
+}

@@ -1,0 +1,46 @@
+import { effect } from "@preact/signals";
+import { render } from "preact";
+import { startClock } from "./data/clock";
+import { shareDriving } from "./data/drivingTabs";
+import { startHeartbeat } from "./data/heartbeat";
+import { currentSid } from "./data/sid";
+import { App } from "./frame/App";
+import { Framed } from "./frame/Framed";
+import { startIdleLogout } from "./frame/idleLogout";
+import { pages } from "./frame/pages";
+import { startRouter } from "./frame/router";
+import { StopButton } from "./frame/StopButton";
+import { startShortcuts } from "./frame/shortcuts";
+import { dialogCompanion } from "./kit/Dialog";
+import { shownTheme } from "./kit/themes";
+import { followOtherTabs } from "./settings/settings";
+import { frame as texts } from "./texts/frame";
+import "./kit/kit.css";
+import "./frame/frame.css";
+
+const root = document.getElementById("app");
+
+function start(element: HTMLElement): void {
+  // First of all, so that a session in the address is taken out of it at once.
+  currentSid();
+  effect(() => {
+    document.documentElement.dataset.theme = shownTheme.value;
+  });
+  if (window.top !== window.self) {
+    render(<Framed />, element);
+    return;
+  }
+  dialogCompanion.value = StopButton;
+  startRouter(pages[0]?.path ?? "");
+  startClock();
+  startHeartbeat();
+  startShortcuts();
+  startIdleLogout();
+  followOtherTabs();
+  shareDriving(texts.drivingElsewhere);
+  render(<App />, element);
+}
+
+if (root !== null) {
+  start(root);
+}
