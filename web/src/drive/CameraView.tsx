@@ -15,29 +15,21 @@ export function CameraView() {
   const isWanted = useComputed(
     () => visible.value && linkState.value === "connected" && pollingPaused.value === undefined,
   ).value;
-  const [feed, setFeed] = useState<CameraFeed | undefined>(undefined);
+  const [feed] = useState(() => new CameraFeed());
   const ageMs = useSignal(0);
 
-  useEffect(() => {
-    if (!isWanted) {
-      return undefined;
-    }
-    const started = new CameraFeed();
-    started.start();
-    setFeed(started);
-    return () => started.stop();
-  }, [isWanted]);
-
+  useEffect(() => (isWanted ? feed.run() : undefined), [isWanted]);
+  useEffect(() => () => feed.dispose(), []);
   useEffect(() => {
     const timer = setInterval(() => {
-      const arrivedAt = feed?.frame.peek()?.arrivedAt;
+      const arrivedAt = feed.frame.peek()?.arrivedAt;
       ageMs.value = arrivedAt === undefined ? 0 : performance.now() - arrivedAt;
     }, ageStepMs);
     return () => clearInterval(timer);
-  }, [feed]);
+  }, []);
 
-  const frame = feed?.frame.value;
-  const problem = feed?.problem.value;
+  const frame = feed.frame.value;
+  const problem = feed.problem.value;
   const isOld = ageMs.value > greyAfterMs;
   return (
     <div class={`camera ${isOld ? "old" : ""}`}>
@@ -46,8 +38,8 @@ export function CameraView() {
           src={frame.source}
           alt={texts.cameraPicture}
           draggable={false}
-          onLoad={() => feed?.drawn(true)}
-          onError={() => feed?.drawn(false)}
+          onLoad={() => feed.drawn(true)}
+          onError={() => feed.drawn(false)}
         />
       )}
       {frame && (

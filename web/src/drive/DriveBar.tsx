@@ -15,19 +15,20 @@ const looks: Record<DriveState, readonly [Tone, IconName]> = {
   stopping: ["warn", "square"],
 };
 
-function explanation(model: DriveModel): string {
-  if (drive.stopOutcome.value === "unconfirmed") {
-    const reason = model.reason === undefined ? "" : texts.reasons[model.reason];
-    const stop = texts.stops.unconfirmed;
-    return reason === stop ? stop : `${stop} ${reason}`;
+function explanation({ state, reason }: DriveModel): string {
+  switch (state) {
+    case "stopping":
+      return texts.stopping;
+    case "armed":
+      return texts.armedHint;
+    case "driving":
+      return texts.drivingHint;
+    case "locked": {
+      const why = texts.reasons[reason ?? "start"];
+      const isUnconfirmed = drive.stopOutcome.value === "unconfirmed";
+      return isUnconfirmed && reason !== "unconfirmed" ? `${texts.unconfirmed} ${why}` : why;
+    }
   }
-  if (model.state === "stopping") {
-    return texts.stops.stopping;
-  }
-  if (model.state === "locked") {
-    return texts.reasons[model.reason ?? "start"];
-  }
-  return model.state === "armed" ? texts.armedHint : texts.drivingHint;
 }
 
 /** The switch, the state in words and the speed. */

@@ -28,26 +28,27 @@ export function DriveReadings() {
     return reading && [reading.vx, reading.vy, reading.omega];
   });
   return (
-    <dl class="readings">
-      <div>
-        <dt>{texts.commanded}</dt>
-        <dd>{texts.velocity(drive.commanded.value)}</dd>
-      </div>
-      <div class={odometry.freshness.value === "fresh" ? "" : "stale"}>
-        <dt>{texts.measured}</dt>
-        <dd>
-          {measured.value && texts.velocity(measured.value)} <Age resource={odometry} />
-        </dd>
-      </div>
-      {movesElsewhere.value && (
-        <div class="elsewhere" role="status">
-          <dt class="unseen">{texts.measured}</dt>
+    <>
+      <dl class="readings">
+        <div>
+          <dt>{texts.commanded}</dt>
+          <dd>{texts.velocity(drive.commanded.value)}</dd>
+        </div>
+        <div class={odometry.freshness.value === "fresh" ? "" : "stale"}>
+          <dt>{texts.measured}</dt>
           <dd>
-            <Icon name="warning" />
-            {texts.movesElsewhere}
+            {measured.value && texts.velocity(measured.value)} <Age resource={odometry} />
           </dd>
         </div>
-      )}
-    </dl>
+      </dl>
+      <p class="elsewhere" role="status">
+        {movesElsewhere.value && (
+          <>
+            <Icon name="warning" />
+            {texts.movesElsewhere}
+          </>
+        )}
+      </p>
+    </>
   );
 }

@@ -1,4 +1,4 @@
-import { computed, type ReadonlySignal, signal } from "@preact/signals";
+import { type ReadonlySignal, signal } from "@preact/signals";
 import { addressOf } from "../data/requests";
 import { FramePace, type FrameProblem, frameProblem } from "./framePace";
 
@@ -14,21 +14,26 @@ export class CameraFeed {
   readonly #frame = signal<Frame | undefined>(undefined);
   readonly #problem = signal<FrameProblem | undefined>("waiting");
   readonly #pace = new FramePace();
-  readonly #abort = new AbortController();
+  #abort = new AbortController();
   #timer: ReturnType<typeof setTimeout> | undefined;
   #former: string | undefined;
 
-  readonly frame: ReadonlySignal<Frame | undefined> = computed(() => this.#frame.value);
+  readonly frame: ReadonlySignal<Frame | undefined> = this.#frame;
   /** Why there is no new picture; the last one stays. */
-  readonly problem: ReadonlySignal<FrameProblem | undefined> = computed(() => this.#problem.value);
+  readonly problem: ReadonlySignal<FrameProblem | undefined> = this.#problem;
 
-  start(): void {
+  /** Until the returned function is called; the last picture stays. */
+  run(): () => void {
+    this.#abort = new AbortController();
     void this.#ask();
+    return () => {
+      this.#abort.abort();
+      clearTimeout(this.#timer);
+    };
   }
 
-  stop(): void {
-    this.#abort.abort();
-    clearTimeout(this.#timer);
+  /** Gives the memory of the pictures back. */
+  dispose(): void {
     this.#revoke(this.#former);
     this.#revoke(this.#frame.peek()?.source);
     this.#frame.value = undefined;
@@ -45,8 +50,9 @@ export class CameraFeed {
   }
 
   async #ask(): Promise<void> {
-    const outcome = await this.#fetch();
-    if (this.#abort.signal.aborted) {
+    const { signal: ended } = this.#abort;
+    const outcome = await this.#fetch(ended);
+    if (ended.aborted) {
       return;
     }
     if (typeof outcome === "string") {
@@ -61,11 +67,11 @@ export class CameraFeed {
     this.#later(timeoutMs);
   }
 
-  async #fetch(): Promise<Blob | FrameProblem> {
+  async #fetch(ended: AbortSignal): Promise<Blob | FrameProblem> {
     const patience = new AbortController();
     const giveUp = () => patience.abort();
     const timer = setTimeout(giveUp, timeoutMs);
-    this.#abort.signal.addEventListener("abort", giveUp);
+    ended.addEventListener("abort", giveUp);
     try {
       const response = await fetch(addressOf("/cam0"), {
         cache: "no-store",
@@ -76,7 +82,7 @@ export class CameraFeed {
       return "unreachable";
     } finally {
       clearTimeout(timer);
-      this.#abort.signal.removeEventListener("abort", giveUp);
+      ended.removeEventListener("abort", giveUp);
     }
   }
 

@@ -2,7 +2,7 @@ import { effect } from "@preact/signals";
 import { linkState } from "../data/link";
 import { addressOf, write } from "../data/requests";
 import { setDriving } from "../data/scheduler";
-import { canOperate, openLogin, refreshRole } from "../data/session";
+import { canOperate, openLogin, refreshRole, role } from "../data/session";
 import { toast } from "../kit/toasts";
 import { driveTexts } from "../texts/drive";
 import { systemClock } from "./clock";
@@ -66,10 +66,10 @@ effect(() => {
   }
 });
 
+// A higher role locks too: somebody else may have taken the seat.
 effect(() => {
-  if (!canOperate.value) {
-    drive.lock("role");
-  }
+  role.value;
+  drive.lock("role");
 });
 
 effect(() => {

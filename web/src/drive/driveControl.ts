@@ -1,4 +1,4 @@
-import { computed, type ReadonlySignal, signal } from "@preact/signals";
+import { type ReadonlySignal, signal } from "@preact/signals";
 import type { Clock } from "./clock";
 import { atRest, combined, type InputReading } from "./inputs";
 import { LinkSpeed } from "./linkSpeed";
@@ -41,6 +41,13 @@ export class DriveControl {
   readonly #stopOutcome = signal<StopOutcome>("idle");
   readonly #commanded = signal<Velocity>(standstill);
   readonly #isSlow = signal(false);
+
+  readonly model: ReadonlySignal<DriveModel> = this.#model;
+  readonly stopOutcome: ReadonlySignal<StopOutcome> = this.#stopOutcome;
+  /** What was sent last, zeros while nothing is. */
+  readonly commanded: ReadonlySignal<Velocity> = this.#commanded;
+  readonly isLinkSlow: ReadonlySignal<boolean> = this.#isSlow;
+
   #link = new LinkSpeed();
   #sampledAt = 0;
   #cancelStep = () => {};
@@ -63,12 +70,6 @@ export class DriveControl {
       stopped: (isConfirmed) => this.#noteStopped(isConfirmed),
     });
   }
-
-  readonly model: ReadonlySignal<DriveModel> = computed(() => this.#model.value);
-  readonly stopOutcome: ReadonlySignal<StopOutcome> = computed(() => this.#stopOutcome.value);
-  /** What was sent last, zeros while nothing is. */
-  readonly commanded: ReadonlySignal<Velocity> = computed(() => this.#commanded.value);
-  readonly isLinkSlow: ReadonlySignal<boolean> = computed(() => this.#isSlow.value);
 
   setInput(name: string, reading: InputReading): void {
     this.#inputs.set(name, reading);

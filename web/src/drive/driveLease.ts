@@ -1,4 +1,4 @@
-import { computed, type ReadonlySignal, signal } from "@preact/signals";
+import { type ReadonlySignal, signal } from "@preact/signals";
 import type { Clock } from "./clock";
 
 export interface LeaseChannel {
@@ -24,6 +24,7 @@ export class DriveLease {
   readonly #channel: LeaseChannel | undefined;
   readonly #heard: { lost(): void; stopWanted(): void };
   readonly #holder = signal<LeaseHolder>("nobody");
+  readonly holder: ReadonlySignal<LeaseHolder> = this.#holder;
   #cancelRepeat = () => {};
   #cancelSilence = () => {};
 
@@ -42,8 +43,6 @@ export class DriveLease {
       this.#say("ask");
     }
   }
-
-  readonly holder: ReadonlySignal<LeaseHolder> = computed(() => this.#holder.value);
 
   /** False where another tab drives; `takeOver` gets it nevertheless. */
   take(takeOver = false): boolean {

@@ -44,7 +44,9 @@ export const lockedAtStart: DriveModel = {
 export function next(model: DriveModel, event: DriveEvent): DriveModel {
   switch (event.kind) {
     case "inputs":
-      return afterInputs({ ...model, isHeld: event.isHeld, isNeutral: event.isNeutral });
+      return model.isHeld === event.isHeld && model.isNeutral === event.isNeutral
+        ? model
+        : afterInputs({ ...model, isHeld: event.isHeld, isNeutral: event.isNeutral });
     case "unlock":
       return afterUnlock(model);
     case "lock":

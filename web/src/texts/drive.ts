@@ -1,9 +1,10 @@
-import type { StopOutcome } from "../drive/driveControl";
 import type { DriveScene, KeyMapName } from "../drive/driveSettings";
 import type { FrameProblem } from "../drive/framePace";
 import type { DriveState, LockReason } from "../drive/machine";
 import type { Velocity } from "../drive/velocity";
 import { formatNumber } from "../kit/format";
+
+const unconfirmed = "Stop not confirmed – the robot stops by itself within 0.5 s.";
 
 const states: Record<DriveState, string> = {
   locked: "Locked",
@@ -21,19 +22,12 @@ const reasons: Record<LockReason, string> = {
   leaving: "Locked because the page was left.",
   offline: "Locked because the connection was lost.",
   slow: "Locked because the robot didn't answer in time: the link is too slow.",
-  role: "Locked because your login doesn't permit driving any more.",
+  role: "Locked because the login changed.",
   limits: "Locked because the robot refused the command.",
   gamepad: "Locked because the gamepad is gone.",
   otherTab: "Locked because another tab of this browser took over or stopped the robot.",
   notNeutral: "Let go of all sticks and keys first, then unlock.",
-  unconfirmed: "Stop not confirmed – the robot stops by itself within 0.5 s.",
-};
-
-const stops: Record<StopOutcome, string> = {
-  idle: "",
-  stopping: "Stopping …",
-  confirmed: "The robot has confirmed the stop.",
-  unconfirmed: "Stop not confirmed – the robot stops by itself within 0.5 s.",
+  unconfirmed,
 };
 
 const scenes: Record<DriveScene, string> = {
@@ -58,7 +52,8 @@ const keyMapNames: Record<KeyMapName, string> = {
 export const driveTexts = {
   states,
   reasons,
-  stops,
+  unconfirmed,
+  stopping: "Stopping …",
   scenes,
   frameProblems,
   keyMapNames,
