@@ -8,8 +8,7 @@ import { scene } from "./driveSettings";
 export function DriveStage({ element }: { element: Ref<HTMLElement> }) {
   const shown = scene.value;
   return (
-    // biome-ignore lint/a11y/noNoninteractiveTabindex: the keys that drive need a place that has the focus and is no button.
-    <section class={`stage ${shown}`} ref={element} tabIndex={0} aria-label={texts.stage}>
+    <section class={`stage ${shown}`} ref={element} tabIndex={-1} aria-label={texts.stage}>
       {shown !== "scan" && <CameraView />}
       {shown !== "camera" && <RobotView bare />}
     </section>

@@ -1,33 +1,25 @@
 import { useEffect } from "preact/hooks";
 import { drive } from "./drive";
-import type { LockReason } from "./machine";
+import { listen } from "./listen";
 
 /** Nobody drives what nobody sees: whatever takes the page away locks the drive. */
 export function useDriveGuards(): void {
   useEffect(() => {
-    const lockFor = (reason: LockReason) => () => drive.lock(reason);
-    const guards: readonly [EventTarget, string, () => void][] = [
-      [
-        document,
-        "visibilitychange",
-        () => {
-          if (document.visibilityState === "hidden") {
-            drive.lock("hidden");
-          }
-        },
-      ],
-      [window, "blur", lockFor("blur")],
-      [window, "offline", lockFor("offline")],
-      [window, "pagehide", () => drive.leave()],
-      [document, "freeze", () => drive.leave()],
-    ];
-    for (const [target, name, guard] of guards) {
-      target.addEventListener(name, guard);
-    }
+    const stop = listen(
+      ({ type }) => {
+        if (type === "pagehide" || type === "freeze") {
+          drive.leave();
+        } else if (type !== "visibilitychange") {
+          drive.lock(type === "blur" ? "blur" : "offline");
+        } else if (document.visibilityState === "hidden") {
+          drive.lock("hidden");
+        }
+      },
+      [document, "visibilitychange", "freeze"],
+      [window, "blur", "offline", "pagehide"],
+    );
     return () => {
-      for (const [target, name, guard] of guards) {
-        target.removeEventListener(name, guard);
-      }
+      stop();
       drive.lock("leaving");
     };
   }, []);

@@ -1,4 +1,5 @@
 import { useEffect, useRef } from "preact/hooks";
+import { listen } from "./listen";
 
 export interface HoldPlace {
   /** Pixels right of and below the middle of the element. */
@@ -24,16 +25,13 @@ export function useHold(moved: (place: HoldPlace) => void, released: () => void)
 
   useEffect(() => {
     const letGo = () => latestRelease.current();
-    const names = ["blur", "resize", "orientationchange", "pagehide"];
-    for (const name of names) {
-      window.addEventListener(name, letGo);
-    }
-    document.addEventListener("visibilitychange", letGo);
+    const stop = listen(
+      letGo,
+      [window, "blur", "resize", "orientationchange", "pagehide"],
+      [document, "visibilitychange"],
+    );
     return () => {
-      for (const name of names) {
-        window.removeEventListener(name, letGo);
-      }
-      document.removeEventListener("visibilitychange", letGo);
+      stop();
       letGo();
     };
   }, []);

@@ -2,6 +2,7 @@ import { useEffect } from "preact/hooks";
 import { drive } from "./drive";
 import { keyMapName } from "./driveSettings";
 import { HeldKeys, keyMaps } from "./keys";
+import { listen } from "./listen";
 
 const controls = "input, select, textarea, button, a, summary, dialog, [contenteditable]";
 
@@ -32,15 +33,11 @@ export function useKeyboard(): void {
       }
     };
     const letGo = () => drive.setInput("keys", keys.clear());
-    document.addEventListener("keydown", onKey);
-    document.addEventListener("keyup", onKey);
-    document.addEventListener("visibilitychange", letGo);
-    window.addEventListener("blur", letGo);
+    const stopKeys = listen(onKey, [document, "keydown", "keyup"]);
+    const stopLosses = listen(letGo, [document, "visibilitychange"], [window, "blur"]);
     return () => {
-      document.removeEventListener("keydown", onKey);
-      document.removeEventListener("keyup", onKey);
-      document.removeEventListener("visibilitychange", letGo);
-      window.removeEventListener("blur", letGo);
+      stopKeys();
+      stopLosses();
       letGo();
     };
   }, []);
