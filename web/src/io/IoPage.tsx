@@ -1,8 +1,8 @@
 import { linkState } from "../data/link";
 import { analogInputs, digitalInputs } from "../data/resources";
-import { canOperate, openLogin } from "../data/session";
+import { canOperate } from "../data/session";
 import { useResource } from "../data/useResource";
-import { Button } from "../kit/Button";
+import { LoginHint } from "../programs/LoginHint";
 import { ioTexts as texts } from "../texts/io";
 import { AnalogInputs } from "./AnalogInputs";
 import { DigitalInputs } from "./DigitalInputs";
@@ -16,14 +16,7 @@ export function IoPage() {
   const enabled = canOperate.value && linkState.value === "connected";
   return (
     <div class="io stack">
-      {!canOperate.value && (
-        <p class="row">
-          {texts.needsOperator}
-          <Button icon="user" onClick={() => openLogin(texts.needsOperator)}>
-            {texts.logIn}
-          </Button>
-        </p>
-      )}
+      <LoginHint>{texts.needsOperator}</LoginHint>
       <div class="switching">
         <DigitalInputs />
         <SwitchCard

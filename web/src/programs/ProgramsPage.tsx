@@ -1,8 +1,8 @@
 import { linkState } from "../data/link";
-import { canOperate, openLogin } from "../data/session";
+import { canOperate } from "../data/session";
 import { useResource } from "../data/useResource";
-import { Button } from "../kit/Button";
 import { programsTexts as texts } from "../texts/programs";
+import { LoginHint } from "./LoginHint";
 import { OutputCard } from "./OutputCard";
 import { ProgramCard } from "./ProgramCard";
 import "./programs.css";
@@ -18,14 +18,7 @@ export function ProgramsPage() {
   return (
     <div class="programs">
       <div class="stack">
-        {!canOperate.value && (
-          <p class="row">
-            {texts.needsOperator}
-            <Button icon="user" onClick={() => openLogin(texts.needsOperator)}>
-              {texts.logIn}
-            </Button>
-          </p>
-        )}
+        <LoginHint>{texts.needsOperator}</LoginHint>
         <ProgramCard enabled={enabled} />
         <UploadCard enabled={enabled} />
       </div>

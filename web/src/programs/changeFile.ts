@@ -25,11 +25,8 @@ export function problemOfRename(
   programs: readonly Program[],
 ): RenameProblem | undefined {
   const name = newName.trim();
-  if (name === "") {
-    return "empty";
-  }
-  if (name.includes(".")) {
-    return "dot";
+  if (name === "" || name.includes(".")) {
+    return name === "" ? "empty" : "dot";
   }
   const isTaken = name !== program.name && holds(programs, { ...program, name });
   return isTaken ? "taken" : problemOfFileName(fileNameOf({ ...program, name }));
@@ -40,53 +37,42 @@ function holds(programs: readonly Program[], program: Program): boolean {
 }
 
 /** The daemon doesn't say whether it could rename, and would replace a program of that name. */
-export async function renameProgram(
+export function renameProgram(
   program: Program,
   newName: string,
   deps: FileDeps,
 ): Promise<FileResult> {
-  const renamed = { ...program, name: newName.trim() };
-  const before = await deps.readPrograms();
-  const obstacle = obstacleTo(program, before);
-  if (before === undefined || obstacle !== undefined) {
-    return obstacle ?? "unreachable";
-  }
-  if (holds(before, renamed)) {
-    return "taken";
-  }
-  const outcome = await deps.send(renamed);
-  if (outcome.state !== "accepted") {
-    return outcome.state;
-  }
-  const after = await deps.readPrograms();
-  return after !== undefined && holds(after, renamed) && !holds(after, program)
-    ? "done"
-    : "notSeen";
+  return changeFile(program, { ...program, name: newName.trim() }, deps);
 }
 
-export async function removeProgram(program: Program, deps: FileDeps): Promise<FileResult> {
-  const obstacle = obstacleTo(program, await deps.readPrograms());
-  if (obstacle !== undefined) {
-    return obstacle;
-  }
-  const outcome = await deps.send(program);
-  if (outcome.state !== "accepted") {
-    return outcome.state;
-  }
-  const after = await deps.readPrograms();
-  return after !== undefined && !holds(after, program) ? "done" : "notSeen";
+export function removeProgram(program: Program, deps: FileDeps): Promise<FileResult> {
+  return changeFile(program, undefined, deps);
 }
 
-function obstacleTo(
+async function changeFile(
   program: Program,
-  programs: readonly Program[] | undefined,
-): FileResult | undefined {
-  if (programs === undefined) {
+  renamed: Program | undefined,
+  { readPrograms, send }: FileDeps,
+): Promise<FileResult> {
+  const before = await readPrograms();
+  if (before === undefined) {
     return "unreachable";
   }
-  const present = findProgram(programs, program);
+  const present = findProgram(before, program);
   if (present === undefined || isDownloadOnly(present)) {
     return "gone";
   }
-  return present.running ? "running" : undefined;
+  if (present.running) {
+    return "running";
+  }
+  if (renamed && holds(before, renamed)) {
+    return "taken";
+  }
+  const { state } = await send(renamed ?? program);
+  if (state !== "accepted") {
+    return state;
+  }
+  const after = await readPrograms();
+  const isDone = after && !holds(after, program) && (!renamed || holds(after, renamed));
+  return isDone ? "done" : "notSeen";
 }

@@ -3,7 +3,7 @@ import { asArray } from "../data/decode";
 import { read, type WriteOutcome, write } from "../data/requests";
 import { confirm } from "../kit/questions";
 import { toast } from "../kit/toasts";
-import { fileTexts, programsTexts, startTexts, stopTexts } from "../texts/programs";
+import { type ProgramOrder, programsTexts, resultTexts } from "../texts/programs";
 import { type FileDeps, type FileResult, removeProgram, renameProgram } from "./changeFile";
 import { noteStart } from "./outputLog";
 import { decodePrograms, fileNameOf, type Program } from "./programList";
@@ -49,41 +49,41 @@ const startDeps = (file: string): RunDeps => ({
     }),
 });
 
-async function whileBusy<T>(file: string, work: () => Promise<T>): Promise<T> {
+async function carryOut<Result extends RunResult | FileResult>(
+  order: ProgramOrder,
+  file: string,
+  work: () => Promise<Result>,
+): Promise<Result> {
   busyFile.value = file;
   try {
-    return await work();
+    const result = await work();
+    const told: RunResult | FileResult = result;
+    if (told !== "done" && told !== "declined") {
+      const kind = told === "ended" || told === "already" ? "info" : "error";
+      toast(`${file} ${resultTexts[told](order)}`, { kind });
+    }
+    return result;
   } finally {
     busyFile.value = undefined;
     void programs.refresh();
   }
 }
 
-export async function start(program: Program): Promise<RunResult> {
+export function start(program: Program): Promise<RunResult> {
   const file = fileNameOf(program);
-  const result = await whileBusy(file, () => startProgram(program, startDeps(file)));
-  const text = startTexts[result]?.(file);
-  if (text !== undefined) {
-    toast(text, { kind: result === "ended" || result === "already" ? "info" : "error" });
-  }
-  return result;
+  return carryOut("start", file, () => startProgram(program, startDeps(file)));
 }
 
-export async function stop(program: Program): Promise<RunResult> {
-  const file = fileNameOf(program);
+export function stop(program: Program): Promise<RunResult> {
   const deps = { readPrograms, toggle, sleep };
-  const result = await whileBusy(file, () => stopProgram(program, deps));
-  const text = stopTexts[result]?.(file);
-  if (text !== undefined) {
-    toast(text, { kind: result === "already" ? "info" : "error" });
-  }
-  return result;
+  return carryOut("stop", fileNameOf(program), () => stopProgram(program, deps));
 }
 
 export function rename(program: Program, newName: string): Promise<FileResult> {
-  const send = ({ name, suffix }: Program) =>
+  const send: FileDeps["send"] = ({ name, suffix }) =>
     write("/data/renameprogram", [{ name, old: program.name, suffix }]);
-  return changed(program, (deps) => renameProgram(program, newName, deps), send);
+  const deps = { readPrograms, send };
+  return carryOut("rename", fileNameOf(program), () => renameProgram(program, newName, deps));
 }
 
 export async function remove(program: Program): Promise<void> {
@@ -95,20 +95,7 @@ export async function remove(program: Program): Promise<void> {
     danger: true,
   });
   if (agreed) {
-    const send = ({ name, suffix }: Program) => write("/data/remove", { name, suffix });
-    await changed(program, (deps) => removeProgram(program, deps), send);
+    const send: FileDeps["send"] = ({ name, suffix }) => write("/data/remove", { name, suffix });
+    await carryOut("remove", file, () => removeProgram(program, { readPrograms, send }));
   }
-}
-
-async function changed(
-  program: Program,
-  work: (deps: FileDeps) => Promise<FileResult>,
-  send: FileDeps["send"],
-): Promise<FileResult> {
-  const file = fileNameOf(program);
-  const result = await whileBusy(file, () => work({ readPrograms, send }));
-  if (result !== "done") {
-    toast(fileTexts[result](file), { kind: "error" });
-  }
-  return result;
 }

@@ -1,4 +1,5 @@
-import { arrayOf, asString, field } from "../data/decode";
+import { arrayOf } from "../data/decode";
+import { textFields } from "./textFields";
 
 /** A file in the robot's directory of programs; its name is split at the first dot. */
 export interface Program {
@@ -9,12 +10,8 @@ export interface Program {
 
 export function decodePrograms(json: unknown): Program[] | undefined {
   return arrayOf(json, (entry) => {
-    const name = asString(field(entry, "name"));
-    const suffix = asString(field(entry, "suffix"));
-    const action = asString(field(entry, "action"));
-    return name === undefined || suffix === undefined || action === undefined
-      ? undefined
-      : { name, suffix, running: action === "running" };
+    const texts = textFields(entry, "name", "suffix", "action");
+    return texts && { name: texts.name, suffix: texts.suffix, running: texts.action === "running" };
   });
 }
 

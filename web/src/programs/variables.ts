@@ -1,4 +1,5 @@
-import { arrayOf, asString, field } from "../data/decode";
+import { arrayOf } from "../data/decode";
+import { textFields } from "./textFields";
 
 export interface Variable {
   readonly name: string;
@@ -6,15 +7,11 @@ export interface Variable {
 }
 
 export function decodeVariables(json: unknown): Variable[] | undefined {
-  return arrayOf(json, (entry) => {
-    const name = asString(field(entry, "name"));
-    const value = asString(field(entry, "value"));
-    return name === undefined || value === undefined ? undefined : { name, value };
-  });
+  return arrayOf(json, (entry) => textFields(entry, "name", "value"));
 }
 
 export function decodeOutput(json: unknown): string[] | undefined {
-  return arrayOf(json, (entry) => asString(field(entry, "value")));
+  return arrayOf(json, (entry) => textFields(entry, "value")?.value);
 }
 
 /** The value as a number that a chart can show. */

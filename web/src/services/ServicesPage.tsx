@@ -1,12 +1,12 @@
 import { useState } from "preact/hooks";
 import { linkState } from "../data/link";
-import { canAdminister, canOperate, openLogin } from "../data/session";
+import { canAdminister, canOperate } from "../data/session";
 import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
-import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
 import { Empty } from "../kit/Empty";
 import { TextInput } from "../kit/TextInput";
+import { LoginHint } from "../programs/LoginHint";
 import { servicesTexts as texts } from "../texts/services";
 import { services } from "./resources";
 import { ServiceItem } from "./ServiceItem";
@@ -25,14 +25,7 @@ export function ServicesPage() {
   };
   return (
     <div class="services stack">
-      {!canOperate.value && (
-        <p class="row">
-          {texts.needsOperator}
-          <Button icon="user" onClick={() => openLogin(texts.needsOperator)}>
-            {texts.logIn}
-          </Button>
-        </p>
-      )}
+      <LoginHint>{texts.needsOperator}</LoginHint>
       <div class="row">
         <TextInput
           type="search"

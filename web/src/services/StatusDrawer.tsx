@@ -1,7 +1,8 @@
 import { useEffect, useState } from "preact/hooks";
-import { arrayOf, asString, field } from "../data/decode";
+import { arrayOf } from "../data/decode";
 import { read } from "../data/requests";
 import { Button } from "../kit/Button";
+import { textFields } from "../programs/textFields";
 import { servicesTexts as texts } from "../texts/services";
 import { servicesTimeoutMs } from "./resources";
 import { statusPath } from "./tree";
@@ -13,7 +14,7 @@ async function askStatus(path: string): Promise<string> {
   }
   const lines =
     outcome.state === "answer"
-      ? arrayOf(outcome.value, (line) => asString(field(line, "text")))
+      ? arrayOf(outcome.value, (line) => textFields(line, "text")?.text)
       : undefined;
   return lines?.join("\n") || texts.noStatus;
 }

@@ -1,4 +1,5 @@
 import { arrayOf, asString, field } from "../data/decode";
+import { textFields } from "../programs/textFields";
 
 /** A systemd unit as the daemon tells it; the states are empty where systemd doesn't know it. */
 export interface Service {
@@ -16,15 +17,11 @@ export interface ServiceGroup {
 }
 
 function decodeService(json: unknown): Service | undefined {
-  const [name, load, active, sub] = ["name", "load", "active", "sub"].map((key) =>
-    asString(field(json, key)),
-  );
-  if (name === undefined || load === undefined || active === undefined || sub === undefined) {
-    return undefined;
-  }
+  const texts = textFields(json, "name", "load", "active", "sub");
   const activation = field(json, "activation");
-  const activated = activation === undefined ? undefined : activation === "true";
-  return { name, load, active, sub, activated };
+  return (
+    texts && { ...texts, activated: activation === undefined ? undefined : activation === "true" }
+  );
 }
 
 export function decodeServices(json: unknown): ServiceGroup[] | undefined {

@@ -24,7 +24,6 @@ export const ioTexts = {
   forget: "Forget",
   forgetTitle: "Show them as unknown. Nothing is switched.",
   needsOperator: "Log in as operator to switch outputs and relays.",
-  logIn: "Log in",
   refused: "The robot refused it. Outputs and relays need the role operator.",
   unreachable: "The robot didn't answer. Nothing is known of these outputs any more.",
 };

@@ -19,7 +19,7 @@ export const programsTexts = {
   save: "Save",
   cancel: "Cancel",
   of: (action: string, file: string) => `${action} ${file}`,
-  none: "There are no programs on the robot yet. Upload one.",
+  none: "No programs yet. Upload one.",
   needsOperator: "Log in as operator to upload, run and stop programs.",
   logIn: "Log in",
   whileRunning: "Stop the program first.",
@@ -38,12 +38,11 @@ export const programsTexts = {
   clear: "Clear list",
   progress: (name: string) => `Upload of ${name}`,
   overwriteTitle: (name: string) => `${name} is on the robot already`,
-  overwriteForAll: (remaining: number) =>
-    remaining === 1 ? "Do the same for the other file" : `Do the same for ${remaining} other files`,
+  overwriteForAll: (remaining: number) => `Do the same for ${remaining} more`,
   overwrite: { replace: "Replace", rename: "Keep both", skip: "Skip" },
 
   output: "Output",
-  noOutput: "No output yet. Lines that a program prints appear here.",
+  noOutput: "What a program prints appears here.",
   noMatch: "No line matches the filter.",
   gap: "some lines were missed here",
   restart: "program started",
@@ -51,13 +50,13 @@ export const programsTexts = {
   follow: "Follow",
   pause: "Pause",
   resume: "Resume",
-  paused: (count: number) => (count === 1 ? "paused, 1 new line" : `paused, ${count} new lines`),
-  lines: (count: number) => (count === 1 ? "1 line" : `${count} lines`),
+  paused: (count: number) => `paused, new lines: ${count}`,
+  lines: (count: number) => `Lines: ${count}`,
   saveOutput: "Save",
 
   variables: "Variables",
   value: "Value",
-  noVariables: "A program's variables appear here while it runs.",
+  noVariables: "A program's variables appear here.",
   chart: "Chart",
   chartOf: (name: string) => `Chart of ${name}`,
 };
@@ -77,7 +76,7 @@ export const nameProblems: Readonly<Record<RenameProblem, string>> = {
   empty: "Give it a name.",
   slash: "A name can't have / or \\.",
   control: "The name has characters that can't be shown.",
-  noDot: "The name needs a dot and a suffix, like square.lv, or it could never be started.",
+  noDot: "The name needs a dot and a suffix, like square.lv.",
   dotAtEdge: "A name can't begin or end with a dot.",
   blankAtEdge: "A name can't begin or end with a blank.",
   long: "The name is too long.",
@@ -91,7 +90,7 @@ const uploadOnlyProblems: Readonly<Record<Exclude<UploadProblem, RenameProblem>,
   unreachable: "The robot didn't answer.",
   refused: "The robot refused it. Uploads need the role operator.",
   failed: "The robot could not store it.",
-  notListed: "The robot says that it stored it, but its list doesn't show it.",
+  notListed: "The robot says it is stored, but doesn't list it.",
 };
 
 export const uploadProblems: Readonly<Record<UploadProblem, string>> = {
@@ -99,32 +98,24 @@ export const uploadProblems: Readonly<Record<UploadProblem, string>> = {
   ...uploadOnlyProblems,
 };
 
-const noAnswer = "The robot didn't answer. Look at the list for what happened.";
-const refused = "The robot refused it. This needs the role operator.";
+export type ProgramOrder = "start" | "stop" | "rename" | "remove";
 
-export const startTexts: Readonly<Partial<Record<RunResult, (file: string) => string>>> = {
-  ended: (file) => `${file} has ended already. Its output tells more.`,
-  already: (file) => `${file} was running already.`,
-  gone: (file) => `${file} isn't on the robot any more.`,
-  refused: () => refused,
-  unreachable: () => noAnswer,
-  notSeen: (file) => `${file} was not seen running. It may have ended at once, without output.`,
+const notSeen: Readonly<Record<ProgramOrder, string>> = {
+  start: "was not seen running. It may have ended at once, without output.",
+  stop: "is still listed as running. If it never started, the interpreter is missing: check Lumview/path under Configuration.",
+  rename: "is still listed under its old name.",
+  remove: "is still listed.",
 };
 
-export const stopTexts: Readonly<Partial<Record<RunResult, (file: string) => string>>> = {
-  already: (file) => `${file} had ended already.`,
-  gone: (file) => `${file} isn't on the robot any more.`,
-  refused: () => refused,
-  unreachable: () => noAnswer,
-  notSeen: (file) =>
-    `${file} is still listed as running. If it never started, the robot's interpreter is missing: check Lumview/path under Configuration.`,
-};
+type Result = Exclude<RunResult | FileResult, "done" | "declined">;
 
-export const fileTexts: Readonly<Record<Exclude<FileResult, "done">, (file: string) => string>> = {
-  running: (file) => `${file} is running. Stop it first.`,
-  taken: () => nameProblems.taken,
-  gone: (file) => `${file} isn't on the robot any more.`,
-  refused: () => "The robot refused it, or could not change the file.",
-  unreachable: () => noAnswer,
-  notSeen: (file) => `The robot accepted it, but the list still shows ${file} unchanged.`,
+export const resultTexts: Readonly<Record<Result, (order: ProgramOrder) => string>> = {
+  ended: () => "has ended already. Its output tells more.",
+  already: (order) => (order === "start" ? "was running already." : "had ended already."),
+  running: () => "is running. Stop it first.",
+  taken: () => "can't have the name of another program.",
+  gone: () => "isn't on the robot any more.",
+  refused: () => "is unchanged: the robot refused it. This needs the role operator.",
+  unreachable: () => "may have changed or not: the robot didn't answer.",
+  notSeen: (order) => notSeen[order],
 };

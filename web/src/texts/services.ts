@@ -6,7 +6,6 @@ export const servicesTexts = {
   noMatch: "No service matches the filter.",
   filter: "Filter services",
   needsOperator: "Log in as operator to start and stop services.",
-  logIn: "Log in",
   name: "Service",
   state: "State",
   boot: "Start at boot",
