@@ -1,8 +1,10 @@
 import type { ComponentType } from "preact";
+import { AboutPage } from "../about/AboutPage";
 import type { Role } from "../data/roles";
 import { DrivePage } from "../drive/DrivePage";
 import { IoPage } from "../io/IoPage";
 import type { IconName } from "../kit/Icon";
+import { OverviewPage } from "../overview/OverviewPage";
 import { ProgramsPage } from "../programs/ProgramsPage";
 import { ServicesPage } from "../services/ServicesPage";
 
@@ -17,6 +19,13 @@ export interface Page {
 
 /** In the order of the navigation; the first four are always in sight on a phone. */
 export const pages: readonly Page[] = [
+  {
+    path: "overview",
+    title: "Overview",
+    icon: "overview",
+    needs: "guest",
+    component: OverviewPage,
+  },
   { path: "drive", title: "Drive", icon: "drive", needs: "operator", component: DrivePage },
   { path: "io", title: "I/O", icon: "io", needs: "guest", component: IoPage },
   {
@@ -33,4 +42,5 @@ export const pages: readonly Page[] = [
     needs: "guest",
     component: ServicesPage,
   },
+  { path: "about", title: "About", icon: "about", needs: "guest", component: AboutPage },
 ];
