@@ -13,7 +13,7 @@ const outdir = path.resolve(values.outdir);
 // The daemon neither compresses nor lets anything be cached: these bytes are what each visit costs.
 const budget = { "app.js": 160_000, "app.css": 25_000 };
 
-const runtimePackages = ["preact", "@preact/signals", "@preact/signals-core", "uplot"];
+const runtimePackages = ["preact", "@preact/signals", "@preact/signals-core"];
 
 async function describePackage(name) {
   const folder = path.join(root, "node_modules", name);

@@ -4,6 +4,8 @@ export const kit = {
   hours: (count: number) => `${count} h`,
   old: (age: string) => `${age} old`,
   noData: "no data yet",
+  now: "now",
+  chart: (labels: string) => `Chart over time: ${labels}`,
   close: "Close",
   cancel: "Cancel",
 };
