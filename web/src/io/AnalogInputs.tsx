@@ -6,7 +6,7 @@ import { Card } from "../kit/Card";
 import { Chart } from "../kit/Chart";
 import { Empty } from "../kit/Empty";
 import { SampleRing } from "../kit/SampleRing";
-import { ioTexts as texts } from "../texts/io";
+import * as texts from "../texts/io";
 
 const seconds = 60;
 // Enough for the quickest refresh that can be set, and for a row at each gap.

@@ -2,7 +2,7 @@ import { digitalInputs } from "../data/resources";
 import { Age } from "../kit/Age";
 import { Card } from "../kit/Card";
 import { Empty } from "../kit/Empty";
-import { ioTexts as texts } from "../texts/io";
+import * as texts from "../texts/io";
 
 export function DigitalInputs() {
   const values = digitalInputs.value.value;

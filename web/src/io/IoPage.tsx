@@ -3,7 +3,7 @@ import { analogInputs, digitalInputs } from "../data/resources";
 import { canOperate } from "../data/session";
 import { useResource } from "../data/useResource";
 import { LoginHint } from "../programs/LoginHint";
-import { ioTexts as texts } from "../texts/io";
+import * as texts from "../texts/io";
 import { AnalogInputs } from "./AnalogInputs";
 import { DigitalInputs } from "./DigitalInputs";
 import "./io.css";

@@ -1,8 +1,8 @@
 import { useState } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Dialog } from "../kit/Dialog";
-import { Toggle } from "../kit/Toggle";
-import { ioTexts as texts } from "../texts/io";
+import * as texts from "../texts/io";
+import { Switches } from "./Switches";
 
 interface SetAllProps {
   title: string;
@@ -13,7 +13,9 @@ interface SetAllProps {
 }
 
 export function SetAllDialog({ title, names, initial, onClose, onApply }: SetAllProps) {
-  const [values, setValues] = useState(() => names.map((_, index) => initial?.[index] ?? false));
+  const [values, setValues] = useState<readonly boolean[]>(() =>
+    names.map((_, index) => initial?.[index] ?? false),
+  );
   return (
     <Dialog
       title={title}
@@ -28,24 +30,7 @@ export function SetAllDialog({ title, names, initial, onClose, onApply }: SetAll
       }
     >
       <p>{texts.setAllBody}</p>
-      <ul class="channels">
-        {names.map((name, index) => (
-          <li key={name}>
-            <Toggle
-              label={
-                <>
-                  {name} <b>{values[index] ? texts.on : texts.off}</b>
-                </>
-              }
-              ariaLabel={name}
-              checked={values[index] ?? false}
-              onChange={(on) =>
-                setValues(values.map((value, other) => (other === index ? on : value)))
-              }
-            />
-          </li>
-        ))}
-      </ul>
+      <Switches names={names} values={values} onChange={setValues} />
     </Dialog>
   );
 }

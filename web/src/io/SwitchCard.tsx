@@ -3,10 +3,10 @@ import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
 import { Chip } from "../kit/Chip";
 import { formatTime } from "../kit/format";
-import { Toggle } from "../kit/Toggle";
-import { ioTexts as texts } from "../texts/io";
+import * as texts from "../texts/io";
 import type { OutputMemory } from "./outputMemory";
 import { SetAllDialog } from "./SetAllDialog";
+import { Switches } from "./Switches";
 import { switchOutputs } from "./switchOutputs";
 
 export interface SwitchCardProps {
@@ -38,31 +38,22 @@ export function SwitchCard({ title, path, count, nameOf, memory, enabled }: Swit
   };
   return (
     <Card title={title}>
-      <ul class="channels">
-        {names.map((name, index) => (
-          <li key={name}>
-            {state === undefined ? (
-              <>
-                {name} <Chip tone="neutral">{texts.unknown}</Chip>
-              </>
-            ) : (
-              <Toggle
-                label={
-                  <>
-                    {name} <b>{state.values[index] ? texts.on : texts.off}</b>
-                  </>
-                }
-                ariaLabel={name}
-                checked={state.values[index] ?? false}
-                disabled={!enabled || busy}
-                onChange={(on) =>
-                  void apply(state.values.map((value, other) => (other === index ? on : value)))
-                }
-              />
-            )}
-          </li>
-        ))}
-      </ul>
+      {state === undefined ? (
+        <ul class="channels">
+          {names.map((name) => (
+            <li key={name}>
+              {name} <Chip tone="neutral">{texts.unknown}</Chip>
+            </li>
+          ))}
+        </ul>
+      ) : (
+        <Switches
+          names={names}
+          values={state.values}
+          disabled={!enabled || busy}
+          onChange={(values) => void apply(values)}
+        />
+      )}
       <p class="hint">
         {texts.cannotAsk}{" "}
         {state === undefined ? texts.unknownHint(count) : texts.lastSet(whenText(state.setAt))}

@@ -13,23 +13,17 @@ const channel =
   typeof BroadcastChannel === "undefined" ? undefined : new BroadcastChannel(channelName);
 
 function inBrowser(key: string, count: number): OutputMemory {
-  let kept: string | null = null;
   return new OutputMemory(count, {
     load: () => {
       try {
         return localStorage.getItem(key);
       } catch {
-        return kept;
+        return null;
       }
     },
     save: (text) => {
-      kept = text;
       try {
-        if (text === null) {
-          localStorage.removeItem(key);
-        } else {
-          localStorage.setItem(key, text);
-        }
+        localStorage.setItem(key, text ?? "");
       } catch {
         // Where the browser stores nothing, the memory lasts until the page is loaded again.
       }

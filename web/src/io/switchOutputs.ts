@@ -1,6 +1,6 @@
 import { write } from "../data/requests";
 import { toast } from "../kit/toasts";
-import { ioTexts } from "../texts/io";
+import * as texts from "../texts/io";
 import type { OutputMemory } from "./outputMemory";
 
 /** Sends all values of an array and keeps in mind what is known of it afterwards. */
@@ -14,9 +14,10 @@ export async function switchOutputs(
     memory.remember(values, Date.now());
     return;
   }
-  if (outcome.state === "unreachable") {
+  const isLost = outcome.state === "unreachable";
+  if (isLost) {
     // It may have arrived all the same.
     memory.forget();
   }
-  toast(ioTexts[outcome.state], { kind: "error" });
+  toast(isLost ? texts.unreachable : texts.refused, { kind: "error" });
 }

@@ -1,6 +1,6 @@
 import { canOperate, openLogin } from "../data/session";
 import { Button } from "../kit/Button";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 
 /** What stands above a page that guests may only look at. */
 export function LoginHint({ children: reason }: { children: string }) {

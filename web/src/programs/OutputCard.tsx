@@ -6,7 +6,7 @@ import { Chip } from "../kit/Chip";
 import { Empty } from "../kit/Empty";
 import { TextInput } from "../kit/TextInput";
 import { Toggle } from "../kit/Toggle";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { OutputLines } from "./OutputLines";
 import { outputLog } from "./outputLog";
 import { blocksOf, entryCount, filteredEntries, outputFileName, outputText } from "./outputView";

@@ -1,5 +1,5 @@
 import { useLayoutEffect, useRef } from "preact/hooks";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import type { OutputBlock } from "./outputView";
 
 interface LinesProps {

@@ -1,6 +1,6 @@
 import { Button } from "../kit/Button";
 import { Icon } from "../kit/Icon";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { busyFile, remove, start, stop } from "./programActions";
 import { downloadAddress, fileNameOf, isDownloadOnly, type Program } from "./programList";
 

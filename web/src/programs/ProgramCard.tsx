@@ -4,7 +4,7 @@ import { Card } from "../kit/Card";
 import { Chip } from "../kit/Chip";
 import { DataTable } from "../kit/DataTable";
 import { Empty } from "../kit/Empty";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { ProgramButtons } from "./ProgramButtons";
 import { fileNameOf, isDownloadOnly, type Program } from "./programList";
 import { RenameForm } from "./RenameForm";

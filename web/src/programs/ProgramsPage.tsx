@@ -1,7 +1,7 @@
 import { linkState } from "../data/link";
 import { canOperate } from "../data/session";
 import { useResource } from "../data/useResource";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { LoginHint } from "./LoginHint";
 import { OutputCard } from "./OutputCard";
 import { ProgramCard } from "./ProgramCard";

@@ -2,7 +2,7 @@ import { useLayoutEffect, useRef, useState } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Field } from "../kit/Field";
 import { TextInput } from "../kit/TextInput";
-import { nameProblems, programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { problemOfRename } from "./changeFile";
 import { busyFile, rename } from "./programActions";
 import { fileNameOf, type Program } from "./programList";
@@ -41,7 +41,7 @@ export function RenameForm({ program, all, onEnd }: RenameProps) {
       <Field
         label={<span class="unseen">{texts.newName(fileNameOf(program))}</span>}
         hint={`.${program.suffix}`}
-        error={problem && nameProblems[problem]}
+        error={problem && texts.nameProblems[problem]}
       >
         <TextInput value={name} onInput={setName} maxLength={200} />
       </Field>

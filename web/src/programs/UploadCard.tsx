@@ -1,7 +1,7 @@
 import { useEffect, useRef, useState } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { UploadList } from "./UploadList";
 import { uploads } from "./uploads";
 
@@ -10,32 +10,27 @@ function useDropAnywhere(
   onFiles: (files: FileList) => void,
   onOver: (over: boolean) => void,
 ): void {
-  const latest = useRef({ onFiles, onOver });
-  latest.current = { onFiles, onOver };
   useEffect(() => {
     const abort = new AbortController();
-    const { signal } = abort;
-    const onDragOver = (event: DragEvent) => {
-      event.preventDefault();
-      latest.current.onOver(true);
-    };
-    const onDragLeave = (event: DragEvent) => {
-      if (event.relatedTarget === null) {
-        latest.current.onOver(false);
+    const listen = (type: "dragover" | "dragleave" | "drop", react: (event: DragEvent) => void) =>
+      addEventListener(
+        type,
+        (event) => {
+          event.preventDefault();
+          react(event);
+        },
+        abort,
+      );
+    listen("dragover", () => onOver(true));
+    listen("dragleave", (event) => onOver(event.relatedTarget !== null));
+    listen("drop", ({ dataTransfer }) => {
+      onOver(false);
+      if (dataTransfer) {
+        onFiles(dataTransfer.files);
       }
-    };
-    const onDrop = (event: DragEvent) => {
-      event.preventDefault();
-      latest.current.onOver(false);
-      if (event.dataTransfer) {
-        latest.current.onFiles(event.dataTransfer.files);
-      }
-    };
-    addEventListener("dragover", onDragOver, { signal });
-    addEventListener("dragleave", onDragLeave, { signal });
-    addEventListener("drop", onDrop, { signal });
+    });
     return () => abort.abort();
-  }, []);
+  });
 }
 
 export function UploadCard({ enabled }: { enabled: boolean }) {

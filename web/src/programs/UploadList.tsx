@@ -2,13 +2,9 @@ import { Button } from "../kit/Button";
 import { Chip, type Tone } from "../kit/Chip";
 import { formatBytes } from "../kit/format";
 import type { IconName } from "../kit/Icon";
-import {
-  lateCancel,
-  programsTexts as texts,
-  uploadProblems,
-  uploadStates,
-} from "../texts/programs";
+import * as texts from "../texts/programs";
 import type { UploadItem } from "./uploadItem";
+import { isOpen } from "./uploadQueue";
 import { uploads } from "./uploads";
 
 const looks: Readonly<Record<UploadItem["state"], { tone: Tone; icon: IconName }>> = {
@@ -23,21 +19,22 @@ const looks: Readonly<Record<UploadItem["state"], { tone: Tone; icon: IconName }
 function remarkOf(item: UploadItem): string | undefined {
   if (item.problem !== undefined) {
     const told = item.problem === "failed" && item.message;
-    return told ? `${uploadProblems.failed} “${item.message}”` : uploadProblems[item.problem];
+    return told
+      ? `${texts.uploadProblems.failed} “${item.message}”`
+      : texts.uploadProblems[item.problem];
   }
-  return item.state === "cancelled" && item.progress === 1 ? lateCancel : undefined;
+  return item.state === "cancelled" && item.progress === 1 ? texts.lateCancel : undefined;
 }
 
 function Item({ item }: { item: UploadItem }) {
-  const isOpen = item.state === "waiting" || item.state === "sending";
   const remark = remarkOf(item);
   return (
     <li>
       <span class="name">
         {item.name} <span class="hint">{formatBytes(item.size)}</span>
       </span>
-      <Chip {...looks[item.state]}>{uploadStates[item.state]}</Chip>
-      {isOpen && (
+      <Chip {...looks[item.state]}>{texts.uploadStates[item.state]}</Chip>
+      {isOpen(item) && (
         <Button
           class="bare"
           icon="close"
@@ -58,7 +55,6 @@ export function UploadList() {
   if (items.length === 0) {
     return null;
   }
-  const isFinished = (item: UploadItem) => item.state !== "waiting" && item.state !== "sending";
   return (
     <div>
       <ul class="uploads" aria-label={texts.uploads}>
@@ -66,7 +62,7 @@ export function UploadList() {
           <Item key={item.id} item={item} />
         ))}
       </ul>
-      {items.some(isFinished) && (
+      {!items.every(isOpen) && (
         <Button class="bare" onClick={() => uploads.clearFinished()}>
           {texts.clear}
         </Button>

@@ -4,7 +4,7 @@ import { Card } from "../kit/Card";
 import { DataTable } from "../kit/DataTable";
 import { Empty } from "../kit/Empty";
 import { Toggle } from "../kit/Toggle";
-import { programsTexts as texts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { variables } from "./resources";
 import { VariableChart } from "./VariableChart";
 import { variableLog } from "./variableLog";

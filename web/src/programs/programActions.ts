@@ -3,7 +3,7 @@ import { asArray } from "../data/decode";
 import { read, type WriteOutcome, write } from "../data/requests";
 import { confirm } from "../kit/questions";
 import { toast } from "../kit/toasts";
-import { type ProgramOrder, programsTexts, resultTexts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { type FileDeps, type FileResult, removeProgram, renameProgram } from "./changeFile";
 import { noteStart } from "./outputLog";
 import { decodePrograms, fileNameOf, type Program } from "./programList";
@@ -43,14 +43,14 @@ const startDeps = (file: string): RunDeps => ({
   },
   confirmReplacing: (other) =>
     confirm({
-      title: programsTexts.replaceTitle(file),
-      body: programsTexts.replaceBody(fileNameOf(other)),
-      action: programsTexts.replaceAction,
+      title: texts.replaceTitle(file),
+      body: texts.replaceBody(fileNameOf(other)),
+      action: texts.replaceAction,
     }),
 });
 
 async function carryOut<Result extends RunResult | FileResult>(
-  order: ProgramOrder,
+  order: texts.ProgramOrder,
   file: string,
   work: () => Promise<Result>,
 ): Promise<Result> {
@@ -60,7 +60,7 @@ async function carryOut<Result extends RunResult | FileResult>(
     const told: RunResult | FileResult = result;
     if (told !== "done" && told !== "declined") {
       const kind = told === "ended" || told === "already" ? "info" : "error";
-      toast(`${file} ${resultTexts[told](order)}`, { kind });
+      toast(`${file} ${texts.resultTexts[told](order)}`, { kind });
     }
     return result;
   } finally {
@@ -89,9 +89,9 @@ export function rename(program: Program, newName: string): Promise<FileResult> {
 export async function remove(program: Program): Promise<void> {
   const file = fileNameOf(program);
   const agreed = await confirm({
-    title: programsTexts.removeTitle(file),
-    body: programsTexts.removeBody,
-    action: programsTexts.remove,
+    title: texts.removeTitle(file),
+    body: texts.removeBody,
+    action: texts.remove,
     danger: true,
   });
   if (agreed) {

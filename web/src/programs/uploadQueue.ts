@@ -1,5 +1,5 @@
 import { type ReadonlySignal, signal } from "@preact/signals";
-import { field } from "../data/decode";
+import { asString, field } from "../data/decode";
 import type {
   OverwriteDecision,
   SendOutcome,
@@ -10,150 +10,127 @@ import type {
 } from "./uploadItem";
 import { freeFileName, maxFileBytes, problemOfFileName } from "./uploadNames";
 
+export interface UploadQueue<S> {
+  readonly items: ReadonlySignal<readonly UploadItem[]>;
+  /** Resolves when all that waits has had its turn. */
+  add(sources: readonly S[]): Promise<void>;
+  cancel(id: number): void;
+  clearFinished(): void;
+}
+
 interface Job<S> {
   readonly id: number;
   readonly source: S;
   readonly abort: AbortController;
 }
 
+export function isOpen({ state }: UploadItem): boolean {
+  return state === "waiting" || state === "sending";
+}
+
 /** Stores files one after the other; nothing counts as stored that isn't listed afterwards. */
-export class UploadQueue<S extends UploadSource> {
-  readonly #deps: UploadDeps<S>;
-  readonly #items = signal<readonly UploadItem[]>([]);
-  #waiting: Job<S>[] = [];
-  #current: Job<S> | undefined;
-  #nextId = 1;
-  #forAll: OverwriteDecision | undefined;
+export function createUploadQueue<S extends UploadSource>(deps: UploadDeps<S>): UploadQueue<S> {
+  const items = signal<readonly UploadItem[]>([]);
+  let waiting: Job<S>[] = [];
+  let current: Job<S> | undefined;
+  let lastId = 0;
+  let forAll: OverwriteDecision | undefined;
 
-  constructor(deps: UploadDeps<S>) {
-    this.#deps = deps;
-  }
+  const change = (id: number, news: Partial<UploadItem>) => {
+    items.value = items.value.map((item) => (item.id === id ? { ...item, ...news } : item));
+  };
 
-  get items(): ReadonlySignal<readonly UploadItem[]> {
-    return this.#items;
-  }
-
-  /** Resolves when all that waits has had its turn. */
-  async add(sources: readonly S[]): Promise<void> {
-    for (const source of sources) {
-      const job = { id: this.#nextId++, source, abort: new AbortController() };
-      const { name, size } = source;
-      this.#items.value = [
-        ...this.#items.value,
-        { id: job.id, name, size, state: "waiting", progress: 0 },
-      ];
-      this.#waiting.push(job);
+  const decide = async (name: string) => {
+    if (forAll) {
+      return forAll;
     }
-    if (this.#current === undefined) {
-      await this.#work();
-    }
-  }
+    const answer = await deps.askOverwrite(name, waiting.length);
+    forAll = answer?.forAll ? answer.decision : undefined;
+    return answer?.decision;
+  };
 
-  cancel(id: number): void {
-    if (this.#current?.id === id) {
-      this.#current.abort.abort();
-      return;
+  /** Under which name to store the file, or why it isn't stored. */
+  const nameFor = async (wanted: string): Promise<string | Partial<UploadItem>> => {
+    const names = await deps.listNames();
+    if (!names) {
+      return failed("unreachable");
     }
-    if (this.#waiting.some((job) => job.id === id)) {
-      this.#waiting = this.#waiting.filter((job) => job.id !== id);
-      this.#change(id, { state: "cancelled" });
+    const decision = names.has(wanted) ? await decide(wanted) : "replace";
+    return decision === "replace"
+      ? wanted
+      : decision === "rename"
+        ? freeFileName(wanted, names)
+        : { state: "skipped" };
+  };
+
+  const judge = async (name: string, outcome: SendOutcome): Promise<Partial<UploadItem>> => {
+    if (outcome.state !== "answer") {
+      return outcome.state === "cancelled" ? { state: outcome.state } : failed(outcome.state);
     }
-  }
-
-  clearFinished(): void {
-    this.#items.value = this.#items.value.filter(
-      (item) => item.state === "waiting" || item.state === "sending",
-    );
-  }
-
-  async #work(): Promise<void> {
-    for (;;) {
-      this.#current = this.#waiting.shift();
-      if (this.#current === undefined) {
-        // The next files are another matter, and asked about anew.
-        this.#forAll = undefined;
-        return;
-      }
-      const { id } = this.#current;
-      this.#change(id, await this.#store(this.#current));
+    if (field(outcome.value, "success") !== true) {
+      const message = asString(field(outcome.value, "message"));
+      return { ...failed("failed"), ...(message && { message }) };
     }
-  }
+    const names = await deps.listNames();
+    return names?.has(name) ? { state: "done", progress: 1 } : failed("notListed");
+  };
 
-  async #store({ id, source, abort }: Job<S>): Promise<Partial<UploadItem>> {
-    const problem = source.size > maxFileBytes ? "tooLarge" : problemOfFileName(source.name);
-    if (problem !== undefined) {
+  const store = async ({ id, source, abort }: Job<S>): Promise<Partial<UploadItem>> => {
+    const { size } = source;
+    const problem = size > maxFileBytes ? "tooLarge" : problemOfFileName(source.name);
+    if (problem) {
       return failed(problem);
     }
-    this.#change(id, { state: "sending" });
-    const name = await this.#nameFor(source.name);
-    if (name.state !== "free") {
-      return name.state === "skipped" ? { state: "skipped" } : failed("unreachable");
+    change(id, { state: "sending" });
+    const name = await nameFor(source.name);
+    if (typeof name !== "string") {
+      return name;
     }
-    this.#change(id, { name: name.name });
-    const base64 = await this.#deps.readBase64(source);
+    change(id, { name });
+    const base64 = await deps.readBase64(source);
     if (abort.signal.aborted) {
       return { state: "cancelled" };
     }
     if (base64 === undefined) {
       return failed("unreadable");
     }
-    const upload = { name: name.name, size: source.size, base64 };
-    const onProgress = (progress: number) => this.#change(id, { progress });
-    return this.#judged(name.name, await this.#deps.send(upload, onProgress, abort.signal));
-  }
+    const onProgress = (progress: number) => change(id, { progress });
+    return judge(name, await deps.send({ name, size, base64 }, onProgress, abort.signal));
+  };
 
-  async #nameFor(
-    wanted: string,
-  ): Promise<{ state: "free"; name: string } | { state: "skipped" | "unreachable" }> {
-    const names = await this.#deps.listNames();
-    if (names === undefined) {
-      return { state: "unreachable" };
+  const add = async (sources: readonly S[]) => {
+    for (const source of sources) {
+      lastId += 1;
+      const { name, size } = source;
+      items.value = [...items.value, { id: lastId, name, size, state: "waiting", progress: 0 }];
+      waiting.push({ id: lastId, source, abort: new AbortController() });
     }
-    if (!names.has(wanted)) {
-      return { state: "free", name: wanted };
+    if (current) {
+      return;
     }
-    switch (await this.#decide(wanted)) {
-      case "replace":
-        return { state: "free", name: wanted };
-      case "rename":
-        return { state: "free", name: freeFileName(wanted, names) };
-      default:
-        return { state: "skipped" };
+    current = waiting.shift();
+    while (current) {
+      change(current.id, await store(current));
+      current = waiting.shift();
     }
-  }
+    // The next files are another matter, and asked about anew.
+    forAll = undefined;
+  };
 
-  async #decide(name: string): Promise<OverwriteDecision | undefined> {
-    if (this.#forAll === undefined) {
-      const answer = await this.#deps.askOverwrite(name, this.#waiting.length);
-      this.#forAll = answer?.forAll ? answer.decision : undefined;
-      return answer?.decision;
+  const cancel = (id: number) => {
+    if (current?.id === id) {
+      current.abort.abort();
+    } else if (waiting.some((job) => job.id === id)) {
+      waiting = waiting.filter((job) => job.id !== id);
+      change(id, { state: "cancelled" });
     }
-    return this.#forAll;
-  }
+  };
 
-  async #judged(name: string, outcome: SendOutcome): Promise<Partial<UploadItem>> {
-    if (outcome.state === "cancelled") {
-      return { state: "cancelled" };
-    }
-    if (outcome.state !== "answer") {
-      return failed(outcome.state);
-    }
-    const message = field(outcome.value, "message");
-    const told = typeof message === "string" ? { message } : {};
-    if (field(outcome.value, "success") !== true) {
-      return { ...failed("failed"), ...told };
-    }
-    const names = await this.#deps.listNames();
-    return names?.has(name)
-      ? { state: "done", progress: 1, ...told }
-      : { ...failed("notListed"), ...told };
-  }
+  const clearFinished = () => {
+    items.value = items.value.filter(isOpen);
+  };
 
-  #change(id: number, change: Partial<UploadItem>): void {
-    this.#items.value = this.#items.value.map((item) =>
-      item.id === id ? { ...item, ...change } : item,
-    );
-  }
+  return { items, add, cancel, clearFinished };
 }
 
 function failed(problem: UploadProblem): Partial<UploadItem> {

@@ -1,20 +1,20 @@
 import { signal } from "@preact/signals";
 import { choose } from "../kit/questions";
 import { Toggle } from "../kit/Toggle";
-import { programsTexts } from "../texts/programs";
+import * as texts from "../texts/programs";
 import { readPrograms } from "./programActions";
 import { fileNameOf } from "./programList";
 import { programs } from "./resources";
 import { readBase64, sendUpload } from "./sendUpload";
 import type { OverwriteDecision, UploadDeps } from "./uploadItem";
-import { UploadQueue } from "./uploadQueue";
+import { createUploadQueue } from "./uploadQueue";
 
 const forAll = signal(false);
 
 function ForAll({ remaining }: { remaining: number }) {
   return (
     <Toggle
-      label={programsTexts.overwriteForAll(remaining)}
+      label={texts.overwriteForAll(remaining)}
       checked={forAll.value}
       onChange={(checked) => {
         forAll.value = checked;
@@ -25,9 +25,9 @@ function ForAll({ remaining }: { remaining: number }) {
 
 const askOverwrite: UploadDeps<File>["askOverwrite"] = async (name, remaining) => {
   forAll.value = false;
-  const label = programsTexts.overwrite;
+  const label = texts.overwrite;
   const decision = await choose<OverwriteDecision>({
-    title: programsTexts.overwriteTitle(name),
+    title: texts.overwriteTitle(name),
     body: remaining > 0 && <ForAll remaining={remaining} />,
     choices: [
       { label: label.skip, value: "skip" },
@@ -39,7 +39,7 @@ const askOverwrite: UploadDeps<File>["askOverwrite"] = async (name, remaining) =
 };
 
 /** Outlives the page: uploads go on while something else is looked at. */
-export const uploads = new UploadQueue<File>({
+export const uploads = createUploadQueue<File>({
   listNames: async () => {
     const list = await readPrograms();
     void programs.refresh();

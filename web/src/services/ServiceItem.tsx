@@ -1,7 +1,7 @@
 import { useState } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Toggle } from "../kit/Toggle";
-import { servicesTexts as texts } from "../texts/services";
+import * as texts from "../texts/services";
 import { StateChip } from "./StateChip";
 import { StatusDrawer } from "./StatusDrawer";
 import { busyServices, change } from "./serviceActions";

@@ -7,7 +7,7 @@ import { Card } from "../kit/Card";
 import { Empty } from "../kit/Empty";
 import { TextInput } from "../kit/TextInput";
 import { LoginHint } from "../programs/LoginHint";
-import { servicesTexts as texts } from "../texts/services";
+import * as texts from "../texts/services";
 import { services } from "./resources";
 import { ServiceItem } from "./ServiceItem";
 import "./services.css";

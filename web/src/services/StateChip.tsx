@@ -1,6 +1,6 @@
 import { Chip } from "../kit/Chip";
 import type { IconName } from "../kit/Icon";
-import { servicesTexts as texts } from "../texts/services";
+import * as texts from "../texts/services";
 import { isLocked, type ServiceTone, toneOf } from "./serviceState";
 import { isTemplate, type Service } from "./tree";
 

@@ -3,7 +3,7 @@ import { arrayOf } from "../data/decode";
 import { read } from "../data/requests";
 import { Button } from "../kit/Button";
 import { textFields } from "../programs/textFields";
-import { servicesTexts as texts } from "../texts/services";
+import * as texts from "../texts/services";
 import { servicesTimeoutMs } from "./resources";
 import { statusPath } from "./tree";
 

@@ -2,7 +2,7 @@ import { signal } from "@preact/signals";
 import { read, write } from "../data/requests";
 import { confirm } from "../kit/questions";
 import { toast } from "../kit/toasts";
-import { changeTexts, servicesTexts as texts } from "../texts/services";
+import * as texts from "../texts/services";
 import { changeService, type ServiceAction } from "./changeService";
 import { services, servicesPath, servicesTimeoutMs } from "./resources";
 import { isOwnUnit } from "./serviceState";
@@ -65,5 +65,5 @@ export async function change(action: ServiceAction, service: Service): Promise<v
   rest.delete(name);
   busyServices.value = rest;
   const kind = result === "done" ? "success" : result === "changing" ? "info" : "error";
-  toast(changeTexts[result](action, name), { kind });
+  toast(texts.changeTexts[result](action, name), { kind });
 }

@@ -2,64 +2,63 @@ import type { FileResult, RenameProblem } from "../programs/changeFile";
 import type { RunResult } from "../programs/runProgram";
 import type { UploadItem, UploadProblem } from "../programs/uploadItem";
 
-export const programsTexts = {
-  list: "Programs on the robot",
-  name: "Name",
-  state: "State",
-  actions: "Actions",
-  running: "running",
-  stopped: "stopped",
-  downloadOnly: "download only",
-  downloadOnlyTitle: "A name without a dot can't be started, renamed or removed.",
-  run: "Run",
-  stop: "Stop",
-  rename: "Rename",
-  remove: "Remove",
-  download: "Download",
-  save: "Save",
-  cancel: "Cancel",
-  of: (action: string, file: string) => `${action} ${file}`,
-  none: "No programs yet. Upload one.",
-  needsOperator: "Log in as operator to upload, run and stop programs.",
-  logIn: "Log in",
-  whileRunning: "Stop the program first.",
-  newName: (file: string) => `New name of ${file}`,
-  replaceTitle: (file: string) => `Run ${file}?`,
-  replaceBody: (other: string) => `${other} is running. It will be stopped and replaced.`,
-  replaceAction: "Stop it and run",
-  removeTitle: (file: string) => `Remove ${file}?`,
-  removeBody: "The file is deleted on the robot. This can't be undone.",
+export const list = "Programs on the robot";
+export const name = "Name";
+export const state = "State";
+export const actions = "Actions";
+export const running = "running";
+export const stopped = "stopped";
+export const downloadOnly = "download only";
+export const downloadOnlyTitle = "A name without a dot can't be started, renamed or removed.";
+export const run = "Run";
+export const stop = "Stop";
+export const rename = "Rename";
+export const remove = "Remove";
+export const download = "Download";
+export const save = "Save";
+export const cancel = "Cancel";
+export const of = (action: string, file: string) => `${action} ${file}`;
+export const none = "No programs yet. Upload one.";
+export const needsOperator = "Log in as operator to upload, run and stop programs.";
+export const logIn = "Log in";
+export const whileRunning = "Stop the program first.";
+export const newName = (file: string) => `New name of ${file}`;
+export const replaceTitle = (file: string) => `Run ${file}?`;
+export const replaceBody = (other: string) =>
+  `${other} is running. It will be stopped and replaced.`;
+export const replaceAction = "Stop it and run";
+export const removeTitle = (file: string) => `Remove ${file}?`;
+export const removeBody = "The file is deleted on the robot. This can't be undone.";
 
-  upload: "Upload",
-  drop: "Drop program files here, or",
-  pick: "Choose files",
-  dropHint: "Names need a dot, like square.lv. Files up to 24 MB.",
-  uploads: "Uploads",
-  clear: "Clear list",
-  progress: (name: string) => `Upload of ${name}`,
-  overwriteTitle: (name: string) => `${name} is on the robot already`,
-  overwriteForAll: (remaining: number) => `Do the same for ${remaining} more`,
-  overwrite: { replace: "Replace", rename: "Keep both", skip: "Skip" },
+export const upload = "Upload";
+export const drop = "Drop program files here, or";
+export const pick = "Choose files";
+export const dropHint = "Names need a dot, like square.lv. Files up to 25 MB.";
+export const uploads = "Uploads";
+export const clear = "Clear list";
+export const progress = (name: string) => `Upload of ${name}`;
+export const overwriteTitle = (name: string) => `${name} is on the robot already`;
+export const overwriteForAll = (remaining: number) => `Do the same for ${remaining} more`;
+export const overwrite = { replace: "Replace", rename: "Keep both", skip: "Skip" };
 
-  output: "Output",
-  noOutput: "What a program prints appears here.",
-  noMatch: "No line matches the filter.",
-  gap: "some lines were missed here",
-  restart: "program started",
-  filter: "Filter",
-  follow: "Follow",
-  pause: "Pause",
-  resume: "Resume",
-  paused: (count: number) => `paused, new lines: ${count}`,
-  lines: (count: number) => `Lines: ${count}`,
-  saveOutput: "Save",
+export const output = "Output";
+export const noOutput = "What a program prints appears here.";
+export const noMatch = "No line matches the filter.";
+export const gap = "some lines were missed here";
+export const restart = "program started";
+export const filter = "Filter";
+export const follow = "Follow";
+export const pause = "Pause";
+export const resume = "Resume";
+export const paused = (count: number) => `paused, new lines: ${count}`;
+export const lines = (count: number) => `Lines: ${count}`;
+export const saveOutput = "Save";
 
-  variables: "Variables",
-  value: "Value",
-  noVariables: "A program's variables appear here.",
-  chart: "Chart",
-  chartOf: (name: string) => `Chart of ${name}`,
-};
+export const variables = "Variables";
+export const value = "Value";
+export const noVariables = "A program's variables appear here.";
+export const chart = "Chart";
+export const chartOf = (name: string) => `Chart of ${name}`;
 
 export const uploadStates: Readonly<Record<UploadItem["state"], string>> = {
   waiting: "waiting",

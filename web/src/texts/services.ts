@@ -1,47 +1,45 @@
 import type { ChangeResult, ServiceAction } from "../services/changeService";
 
-export const servicesTexts = {
-  title: "Services",
-  none: "The robot lists no services.",
-  noMatch: "No service matches the filter.",
-  filter: "Filter services",
-  needsOperator: "Log in as operator to start and stop services.",
-  name: "Service",
-  state: "State",
-  boot: "Start at boot",
-  actions: "Actions",
-  template: "template",
-  unknown: "unknown",
-  notFound: "not installed",
-  locked: "switched off",
-  lockedTitle: "It can't be started until “Start at boot” is switched on.",
-  start: "Start",
-  stop: "Stop",
-  startAll: "Start all",
-  stopAll: "Stop all",
-  status: "Status",
-  hideStatus: "Hide status",
-  refresh: "Refresh",
-  of: (action: string, name: string) => `${action} ${name}`,
-  bootOf: (name: string) => `Start ${name} at boot`,
-  bootNeedsAdmin: "Only an admin can change what starts at boot.",
-  statusOf: (name: string) => `Status of ${name}`,
-  noStatus: "The robot told nothing about this service.",
-  statusUnreachable: "The robot didn't answer.",
-  statusImpossible: "A browser can't ask for a service of this name.",
-  loading: "Asking the robot…",
+export const title = "Services";
+export const none = "The robot lists no services.";
+export const noMatch = "No service matches the filter.";
+export const filter = "Filter services";
+export const needsOperator = "Log in as operator to start and stop services.";
+export const name = "Service";
+export const state = "State";
+export const boot = "Start at boot";
+export const actions = "Actions";
+export const template = "template";
+export const unknown = "unknown";
+export const notFound = "not installed";
+export const locked = "switched off";
+export const lockedTitle = "It can't be started until “Start at boot” is switched on.";
+export const start = "Start";
+export const stop = "Stop";
+export const startAll = "Start all";
+export const stopAll = "Stop all";
+export const status = "Status";
+export const hideStatus = "Hide status";
+export const refresh = "Refresh";
+export const of = (action: string, name: string) => `${action} ${name}`;
+export const bootOf = (name: string) => `Start ${name} at boot`;
+export const bootNeedsAdmin = "Only an admin can change what starts at boot.";
+export const statusOf = (name: string) => `Status of ${name}`;
+export const noStatus = "The robot told nothing about this service.";
+export const statusUnreachable = "The robot didn't answer.";
+export const statusImpossible = "A browser can't ask for a service of this name.";
+export const loading = "Asking the robot…";
 
-  stopTitle: (name: string) => `Stop ${name}?`,
-  ownBody:
-    "This is the daemon that serves this page. When it stops, this page loses the robot, and nobody can start it again from a browser.",
-  ownAgainTitle: "Really stop the robot's own daemon?",
-  ownAgainBody: "Only somebody at the robot's controller can start it again.",
-  ownAction: "Stop it",
-  offTitle: (name: string) => `Switch ${name} off?`,
-  offBody:
-    "It won't start at boot, and nobody can start it by hand, until it is switched on again. If it runs now, it runs on until it is stopped.",
-  offAction: "Switch off",
-};
+export const stopTitle = (name: string) => `Stop ${name}?`;
+export const ownBody =
+  "This is the daemon that serves this page. When it stops, this page loses the robot, and nobody can start it again from a browser.";
+export const ownAgainTitle = "Really stop the robot's own daemon?";
+export const ownAgainBody = "Only somebody at the robot's controller can start it again.";
+export const ownAction = "Stop it";
+export const offTitle = (name: string) => `Switch ${name} off?`;
+export const offBody =
+  "It won't start at boot, and nobody can start it by hand, until it is switched on again. If it runs now, it runs on until it is stopped.";
+export const offAction = "Switch off";
 
 const verbs: Readonly<Record<ServiceAction, string>> = {
   start: "is running",

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import type { SendOutcome, UploadDeps, UploadSource } from "../../src/programs/uploadItem";
-import { UploadQueue } from "../../src/programs/uploadQueue";
+import { createUploadQueue } from "../../src/programs/uploadQueue";
 
 const stored: SendOutcome = { state: "answer", value: { message: "Wrote it", success: true } };
 
@@ -36,7 +36,7 @@ function robot(names: string[] = [], change: Partial<UploadDeps<UploadSource>> =
 const file = (name: string, size = 2): UploadSource => ({ name, size });
 
 async function uploaded(deps: Robot, ...files: UploadSource[]) {
-  const queue = new UploadQueue(deps);
+  const queue = createUploadQueue(deps);
   await queue.add(files);
   return queue.items.value;
 }
@@ -128,7 +128,7 @@ test("an answer for all holds for the queue and no longer", async () => {
     return { decision: "replace" as const, forAll: true };
   };
   const deps = robot(["a.lv", "b.lv"], { askOverwrite });
-  const queue = new UploadQueue(deps);
+  const queue = createUploadQueue(deps);
   await queue.add([file("a.lv"), file("b.lv")]);
   assert.equal(questions, 1);
   assert.deepEqual(deps.sent, ["a.lv", "b.lv"]);
@@ -155,7 +155,7 @@ test("an upload can be cancelled while it is sent, and those that wait", async (
         queue.cancel(1);
       }),
   });
-  const queue = new UploadQueue<UploadSource>(deps);
+  const queue = createUploadQueue<UploadSource>(deps);
   await queue.add([file("a.lv"), file("b.lv"), file("c.lv")]);
   assert.deepEqual(
     queue.items.value.map((item) => item.state),
@@ -172,7 +172,7 @@ test("a file added meanwhile is stored too, and finished ones can be cleared", a
       return stored;
     },
   });
-  const queue = new UploadQueue<UploadSource>(deps);
+  const queue = createUploadQueue<UploadSource>(deps);
   await queue.add([file("a.lv")]);
   await later;
   assert.deepEqual(
