@@ -1,5 +1,6 @@
 import type { ComponentType } from "preact";
 import { AboutPage } from "../about/AboutPage";
+import { ConfigurationPage } from "../configuration/ConfigurationPage";
 import type { Role } from "../data/roles";
 import { DrivePage } from "../drive/DrivePage";
 import { IoPage } from "../io/IoPage";
@@ -41,6 +42,13 @@ export const pages: readonly Page[] = [
     icon: "services",
     needs: "guest",
     component: ServicesPage,
+  },
+  {
+    path: "config",
+    title: "Configuration",
+    icon: "configuration",
+    needs: "admin",
+    component: ConfigurationPage,
   },
   { path: "about", title: "About", icon: "about", needs: "guest", component: AboutPage },
 ];

@@ -1,0 +1,58 @@
+import { Button } from "../kit/Button";
+import { Card } from "../kit/Card";
+import { Icon } from "../kit/Icon";
+import { configurationTexts as texts } from "../texts/configuration";
+import { guardedLabel, placeOf } from "./labels";
+import type { NotTaken } from "./readBack";
+import type { SaveReport } from "./save";
+
+function lineOf({ leaf, value, found }: NotTaken): string {
+  return found === undefined
+    ? texts.gone(placeOf(leaf), leaf.file)
+    : texts.notTakenItem(placeOf(leaf), guardedLabel(leaf, value), guardedLabel(leaf, found));
+}
+
+const failures = {
+  refused: texts.refused,
+  unreachable: texts.unreachable,
+  unverified: texts.notVerified,
+} as const;
+
+export function SaveReportCard({ report, onClose }: { report: SaveReport; onClose: () => void }) {
+  const taken = report.count - report.notTaken.length;
+  return (
+    <Card
+      title={texts.report}
+      aside={<Button icon="close" class="bare" aria-label={texts.close} onClick={onClose} />}
+    >
+      <div class="stack" role="status">
+        {report.state === "checked" ? (
+          taken > 0 && (
+            <p class="row">
+              <Icon name="check" /> {texts.saved(taken)}
+            </p>
+          )
+        ) : (
+          <p class="error">{failures[report.state]}</p>
+        )}
+        {report.state === "checked" && report.notTaken.length > 0 && (
+          <div>
+            <p class="error">{texts.notTaken}</p>
+            <ul>
+              {report.notTaken.map((each) => (
+                <li key={each.leaf.key}>{lineOf(each)}</li>
+              ))}
+            </ul>
+            <p class="hint">{texts.notTakenWhy}</p>
+          </div>
+        )}
+        {report.daemons.length > 0 && (
+          <p>
+            {texts.restart} <strong>{report.daemons.join(", ")}</strong>{" "}
+            <a href="#/services">{texts.toServices}</a>
+          </p>
+        )}
+      </div>
+    </Card>
+  );
+}
