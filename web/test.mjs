@@ -28,6 +28,8 @@ try {
     jsxImportSource: "preact",
     loader: { ".css": "empty" },
     define: { BUILD: '{"version":"0","parts":[]}' },
+    // Browsers have it everywhere, Node 18 only on request.
+    banner: { js: 'import { webcrypto } from "node:crypto"; globalThis.crypto ??= webcrypto;' },
     sourcemap: "inline",
     logLevel: "warning",
   });
