@@ -1,3 +1,6 @@
+// First, so that what the rooms say of their own counts more.
+import "./kit/kit.css";
+import "./frame/frame.css";
 import { effect } from "@preact/signals";
 import { render } from "preact";
 import { startClock } from "./data/clock";
@@ -15,8 +18,6 @@ import { dialogCompanion } from "./kit/Dialog";
 import { shownTheme } from "./kit/themes";
 import { followOtherTabs } from "./settings/settings";
 import { frame as texts } from "./texts/frame";
-import "./kit/kit.css";
-import "./frame/frame.css";
 
 const root = document.getElementById("app");
 
