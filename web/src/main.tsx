@@ -12,8 +12,9 @@ import { Framed } from "./frame/Framed";
 import { startIdleLogout } from "./frame/idleLogout";
 import { pages } from "./frame/pages";
 import { startRouter } from "./frame/router";
-import { StopButton } from "./frame/StopButton";
+import { DialogStopButton } from "./frame/StopButton";
 import { startShortcuts } from "./frame/shortcuts";
+import { announceStops } from "./frame/stopAll";
 import { dialogCompanion } from "./kit/Dialog";
 import { shownTheme } from "./kit/themes";
 import { followOtherTabs } from "./settings/settings";
@@ -31,11 +32,12 @@ function start(element: HTMLElement): void {
     render(<Framed />, element);
     return;
   }
-  dialogCompanion.value = StopButton;
+  dialogCompanion.value = DialogStopButton;
   startRouter(pages[0]?.path ?? "");
   startClock();
   startHeartbeat();
   startShortcuts();
+  announceStops();
   startIdleLogout();
   followOtherTabs();
   shareDriving(texts.drivingElsewhere);

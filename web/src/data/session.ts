@@ -29,6 +29,11 @@ export const sessionEnded: ReadonlySignal<boolean> = ended;
 /** The login dialog that is wanted, with the reason for it. */
 export const loginRequest: ReadonlySignal<{ reason: string | undefined } | undefined> = wanted;
 
+/** For who goes on without a login. */
+export function acknowledgeEnd(): void {
+  ended.value = false;
+}
+
 export function openLogin(reason?: string): void {
   wanted.value = { reason };
 }

@@ -1,6 +1,6 @@
 import { lostSince } from "../data/link";
 import { pollingPaused } from "../data/scheduler";
-import { openLogin, sessionEnded } from "../data/session";
+import { acknowledgeEnd, openLogin, sessionEnded } from "../data/session";
 import { Button } from "../kit/Button";
 import { formatTime } from "../kit/format";
 import { Icon } from "../kit/Icon";
@@ -32,6 +32,7 @@ export function Notices() {
             <Icon name="lock" />
             {texts.ended}
             <Button onClick={() => openLogin()}>{texts.logIn}</Button>
+            <Button onClick={acknowledgeEnd}>{texts.stayGuest}</Button>
           </p>
         )}
       </div>

@@ -1,19 +1,11 @@
-import { useEffect } from "preact/hooks";
 import { canOperate, openLogin, role } from "../data/session";
 import { driveStop } from "../drive/stop";
 import { Icon } from "../kit/Icon";
-import { toast } from "../kit/toasts";
 import { frame as texts } from "../texts/frame";
 import { programToStop, stopAll } from "./stopAll";
 
 export function StopButton() {
   const state = driveStop.value;
-  useEffect(() => {
-    if (state === "unconfirmed") {
-      toast(texts.stopUnconfirmed, { kind: "error" });
-    }
-  }, [state]);
-
   if (role.value === "guest") {
     return (
       <button
@@ -51,6 +43,11 @@ export function StopButton() {
       <StopProgram />
     </div>
   );
+}
+
+/** In a dialog the button is there for those whom it serves. */
+export function DialogStopButton() {
+  return canOperate.value ? <StopButton /> : null;
 }
 
 /** A program that runs may drive on: it has a stop of its own. */

@@ -1,8 +1,10 @@
-import { type ReadonlySignal, signal } from "@preact/signals";
+import { effect, type ReadonlySignal, signal } from "@preact/signals";
 import { canOperate } from "../data/session";
-import { stopDrive } from "../drive/stop";
+import { driveStop, stopDrive } from "../drive/stop";
+import { toast } from "../kit/toasts";
 import { readPrograms, stop } from "../programs/programActions";
 import { fileNameOf, runningProgram } from "../programs/programList";
+import { frame as texts } from "../texts/frame";
 
 const offeredMs = 15_000;
 
@@ -38,4 +40,13 @@ async function offerProgram(): Promise<void> {
     };
     timer = setTimeout(withdraw, offeredMs);
   }
+}
+
+/** A stop that was not acknowledged is said on every page. */
+export function announceStops(): void {
+  effect(() => {
+    if (driveStop.value === "unconfirmed") {
+      toast(texts.stopUnconfirmed, { kind: "error" });
+    }
+  });
 }

@@ -15,7 +15,12 @@ export function Select<T extends string>({ value, options, onChange, ...rest }: 
       {...useFieldAttributes()}
       {...(rest as SelectHTMLAttributes)}
       value={value}
-      onChange={(event) => onChange(event.currentTarget.value as T)}
+      onChange={(event) => {
+        const wanted = event.currentTarget.value as T;
+        // The owner of the value decides what is shown: it may refuse.
+        event.currentTarget.value = value;
+        onChange(wanted);
+      }}
     >
       {options.map((option) => (
         <option

@@ -52,6 +52,7 @@ export const frame = {
   drivingElsewhere: "Another tab is driving. This one waits, so that no command is held up.",
   ended: "Session ended – log in again. What you have typed is kept.",
   logIn: "Log in",
+  stayGuest: "Go on without",
 
   lockedTitle: (page: string, needed: Role) =>
     `${page} needs ${needed === "admin" ? "an admin" : "an operator"}`,
