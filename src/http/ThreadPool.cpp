@@ -1,5 +1,6 @@
 #include "http/ThreadPool.h"
 
+#include <pplx/pplxtasks.h>
 #include <pplx/threadpool.h>
 
 #include <condition_variable>
@@ -16,6 +17,34 @@ constexpr int threadCount = 40;
 constexpr int generations = 4;
 
 } // namespace
+
+// The library's interface has no virtual destructor; it is deleted as what it was made.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+// Runs a task's continuation at once on the thread that ends the task. By default each of them
+// wakes another thread of the pool, several in a request, which takes longer than what most of them
+// do. A chain of continuations that follow one another without waiting goes on in the pool where it
+// is long, as a body may come in any number of pieces and a stack is short.
+class ImmediateScheduler final : public pplx::scheduler_interface
+{
+public:
+    void schedule(pplx::TaskProc_t task, void* parameter) override
+    {
+        thread_local int depth = 0;
+        if (depth == maximumDepth) {
+            crossplat::threadpool::shared_instance().service().post(
+                [task, parameter] { task(parameter); });
+            return;
+        }
+        ++depth;
+        task(parameter);
+        --depth;
+    }
+
+private:
+    static constexpr int maximumDepth = 8;
+};
+#pragma GCC diagnostic pop
 
 // Where threads of the pool meet and wait until the meeting is over. A thread can only come when it
 // has nothing else to do.
@@ -75,6 +104,7 @@ bool holdMeeting(std::chrono::steady_clock::time_point deadline)
 void initializeThreadPool()
 {
     crossplat::threadpool::initialize_with_threads(threadCount);
+    pplx::set_ambient_scheduler(std::make_shared<ImmediateScheduler>());
 }
 
 bool drainThreadPool(std::chrono::milliseconds timeout)

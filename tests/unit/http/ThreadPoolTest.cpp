@@ -1,6 +1,7 @@
 #include "http/ThreadPool.h"
 
 #include <gtest/gtest.h>
+#include <pplx/pplxtasks.h>
 #include <pplx/threadpool.h>
 
 #include <algorithm>
@@ -114,4 +115,28 @@ TEST_F(ThreadPoolTest, IsNotDrainedWhileATaskIsStillAtWork)
         EXPECT_FALSE(drainThreadPool(50ms));
     }
     EXPECT_TRUE(drainThreadPool(20s));
+}
+
+TEST_F(ThreadPoolTest, AContinuationRunsOnTheThreadThatEndsItsTask)
+{
+    const pplx::task_completion_event<void> event;
+    std::thread::id thread;
+    const auto continuation =
+        pplx::create_task(event).then([&thread] { thread = std::this_thread::get_id(); });
+    event.set();
+    continuation.wait();
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
+
+// A body may come in any number of pieces, and each is a continuation of the one before.
+TEST_F(ThreadPoolTest, AChainOfAnyLengthFitsOnTheStack)
+{
+    constexpr int length = 200'000;
+    const pplx::task_completion_event<int> event;
+    pplx::task<int> chain(event);
+    for (int link = 0; link < length; ++link) {
+        chain = chain.then([](int number) { return number + 1; });
+    }
+    event.set(0);
+    EXPECT_EQ(chain.get(), length);
 }
