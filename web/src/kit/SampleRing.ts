@@ -41,13 +41,13 @@ export class SampleRing {
       this.#append(last + 1, []);
     }
     this.#append(time, values);
-    this.#version.value += 1;
+    this.#version.value = this.#version.peek() + 1;
   }
 
   clear(): void {
     this.#next = 0;
     this.#length = 0;
-    this.#version.value += 1;
+    this.#version.value = this.#version.peek() + 1;
   }
 
   /** Times in seconds, then the values of each series, oldest first. */

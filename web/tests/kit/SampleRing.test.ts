@@ -1,5 +1,6 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
+import { effect, signal } from "@preact/signals";
 import { SampleRing } from "../../src/kit/SampleRing";
 
 test("keeps the newest rows, oldest first", () => {
@@ -47,4 +48,13 @@ test("every row is a new version, and nothing is left after clearing", () => {
   assert.deepEqual(ring.columns(), [[], []]);
   assert.equal(ring.latest(0), null);
   assert.equal(ring.lastTime, undefined);
+});
+
+test("an effect that pushes what arrives does not call itself", () => {
+  const ring = new SampleRing(5, 1);
+  const arrivedAt = signal(0);
+  const stop = effect(() => ring.push(arrivedAt.value, 1));
+  arrivedAt.value = 1000;
+  stop();
+  assert.equal(ring.length, 2);
 });
