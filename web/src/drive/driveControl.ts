@@ -1,4 +1,4 @@
-import { type ReadonlySignal, signal } from "@preact/signals";
+import { batch, type ReadonlySignal, signal } from "@preact/signals";
 import type { Clock } from "./clock";
 import { atRest, combined, type InputReading } from "./inputs";
 import { LinkSpeed } from "./linkSpeed";
@@ -113,7 +113,13 @@ export class DriveControl {
     this.#cancelStep = this.#around.clock.after(stepMs, () => this.releaseInput("step"));
   }
 
+  // Whoever watches is told when everything is done: their failure must not keep a stop from going
+  // out.
   #apply(event: DriveEvent): void {
+    batch(() => this.#follow(event));
+  }
+
+  #follow(event: DriveEvent): void {
     const before = this.#model.peek();
     const after = next(before, event);
     this.#model.value = after;
@@ -134,13 +140,15 @@ export class DriveControl {
   }
 
   #noteStopped(isConfirmed: boolean): void {
-    this.#stopOutcome.value = isConfirmed ? "confirmed" : "unconfirmed";
     this.#cancelConfirmation = this.#around.clock.after(confirmationShownMs, () => {
       if (this.#stopOutcome.peek() === "confirmed") {
         this.#stopOutcome.value = "idle";
       }
     });
-    this.#apply({ kind: "stopped", isConfirmed });
+    batch(() => {
+      this.#stopOutcome.value = isConfirmed ? "confirmed" : "unconfirmed";
+      this.#apply({ kind: "stopped", isConfirmed });
+    });
   }
 
   #sample(): Velocity {

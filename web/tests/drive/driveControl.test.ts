@@ -1,5 +1,6 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
+import { effect } from "@preact/signals";
 import { DriveControl } from "../../src/drive/driveControl";
 import { atRest, type InputReading } from "../../src/drive/inputs";
 import { standstill } from "../../src/drive/velocity";
@@ -169,4 +170,21 @@ test("a control that is grabbed again while the stop is under way drives after i
   await clock.pass(100);
   assert.equal(state(), "driving");
   assert.deepEqual(robot.velocities.slice(1, 3), [standstill, standstill]);
+});
+
+test("who watches and fails can't keep a stop from going out", async () => {
+  const { clock, robot, drive, state } = setUp();
+  drive.unlock();
+  drive.setInput("stick", ahead);
+  await clock.pass(50);
+  robot.forget();
+  effect(() => {
+    if (drive.model.value.state === "stopping") {
+      throw new Error("watcher");
+    }
+  });
+  assert.throws(() => drive.releaseInput("stick"), /watcher/);
+  await clock.pass(1000);
+  assert.deepEqual(robot.velocities, [standstill, standstill]);
+  assert.equal(state(), "armed");
 });
