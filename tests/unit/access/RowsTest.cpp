@@ -24,12 +24,17 @@ QString accessName(Access access)
     return QStringLiteral("anyone");
 }
 
+QString documentText(const QString& name)
+{
+    QFile file(QStringLiteral(TESSARAD_DOCS "/") + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return QString::fromUtf8(file.readAll());
+}
+
 // The table rows below the given heading, as "path role", in their order.
 QStringList documentedRows(const QString& heading)
 {
-    QFile file(QStringLiteral(TESSARAD_DOCS "/http-api.md"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(file.readAll());
+    const QString text = documentText(QStringLiteral("http-api.md"));
     const QString section = text.section("\n## " + heading + '\n', 1).section("\n## ", 0, 0);
     const QRegularExpression row(QStringLiteral("^\\| `(/[^`]+)` \\| (\\w+) \\|"),
                                  QRegularExpression::MultilineOption);
@@ -59,6 +64,20 @@ TEST(RowsTest, EveryReadRowIsDocumentedInItsPlace)
 TEST(RowsTest, EveryWriteRowIsDocumentedInItsPlace)
 {
     EXPECT_EQ(builtRows(writeRows()), documentedRows(QStringLiteral("Writes")));
+}
+
+TEST(RowsTest, EveryRowHasARecordedExample)
+{
+    const QString text = documentText(QStringLiteral("http-examples.md"));
+    for (const auto& row : readRows()) {
+        EXPECT_TRUE(text.contains(QStringLiteral("\n## GET ") + QLatin1String(row.path)))
+            << row.path;
+    }
+    for (const auto& row : writeRows()) {
+        EXPECT_TRUE(text.contains(QStringLiteral("\n## PUT ") + QLatin1String(row.path) + '\n')
+                    || text.contains(QStringLiteral("\n## POST ") + QLatin1String(row.path) + '\n'))
+            << row.path;
+    }
 }
 
 TEST(RowsTest, NoPathStandsTwice)
