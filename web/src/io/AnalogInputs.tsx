@@ -1,4 +1,4 @@
-import { useSignalEffect } from "@preact/signals";
+import { untracked, useSignalEffect } from "@preact/signals";
 import { useMemo } from "preact/hooks";
 import { analogInputs } from "../data/resources";
 import { Age } from "../kit/Age";
@@ -36,7 +36,8 @@ function AnalogChannel({ index, ring }: { index: number; ring: SampleRing }) {
   useSignalEffect(() => {
     const arrivedAt = analogInputs.arrivedAt.value;
     if (arrivedAt !== undefined) {
-      ring.push(arrivedAt, analogInputs.value.peek()?.[index]);
+      // A push reads the ring's version, which this effect must not wait for.
+      untracked(() => ring.push(arrivedAt, analogInputs.value.peek()?.[index]));
     }
   });
   const isStale = analogInputs.freshness.value === "stale";

@@ -17,10 +17,9 @@ export function Switches({ names, values, disabled = false, onChange }: Switches
           <Toggle
             label={
               <>
-                {name} <b>{values[index] ? texts.on : texts.off}</b>
+                {name} <b aria-hidden="true">{values[index] ? texts.on : texts.off}</b>
               </>
             }
-            ariaLabel={name}
             checked={values[index] ?? false}
             disabled={disabled}
             onChange={(on) =>

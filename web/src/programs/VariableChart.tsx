@@ -1,4 +1,4 @@
-import { useSignalEffect } from "@preact/signals";
+import { untracked, useSignalEffect } from "@preact/signals";
 import { useMemo } from "preact/hooks";
 import { Chart } from "../kit/Chart";
 import { SampleRing } from "../kit/SampleRing";
@@ -19,7 +19,8 @@ export function VariableChart({ name }: { name: string }) {
     const arrivedAt = variables.arrivedAt.value;
     const value = variables.value.peek()?.find((variable) => variable.name === name)?.value;
     if (arrivedAt !== undefined) {
-      points.push(arrivedAt, value === undefined ? null : numericValue(value));
+      // A push reads the ring's version, which this effect must not wait for.
+      untracked(() => points.push(arrivedAt, value === undefined ? null : numericValue(value)));
     }
   });
   return <Chart series={[{ label: name }]} points={points} seconds={seconds} height={120} />;

@@ -24,11 +24,14 @@ function decodeService(json: unknown): Service | undefined {
   );
 }
 
+/** A service that is listed twice in a group stands there once. */
 export function decodeServices(json: unknown): ServiceGroup[] | undefined {
   return arrayOf(json, (entry) => {
     const name = asString(field(entry, "name"));
     const services = arrayOf(field(entry, "_children"), decodeService);
-    return name === undefined || services === undefined ? undefined : { name, services };
+    return name === undefined || services === undefined
+      ? undefined
+      : { name, services: [...new Map(services.map((one) => [one.name, one])).values()] };
   });
 }
 

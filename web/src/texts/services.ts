@@ -22,7 +22,7 @@ export const status = "Status";
 export const hideStatus = "Hide status";
 export const refresh = "Refresh";
 export const of = (action: string, name: string) => `${action} ${name}`;
-export const bootOf = (name: string) => `Start ${name} at boot`;
+export const bootOf = (name: string) => `${boot}: ${name}`;
 export const bootNeedsAdmin = "Only an admin can change what starts at boot.";
 export const statusOf = (name: string) => `Status of ${name}`;
 export const noStatus = "The robot told nothing about this service.";
