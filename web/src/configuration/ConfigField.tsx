@@ -1,12 +1,12 @@
-import { useState } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Chip } from "../kit/Chip";
 import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
 import { TextInput } from "../kit/TextInput";
-import { configurationTexts as texts } from "../texts/configuration";
+import * as texts from "../texts/configuration";
 import { isChanged, problemOfValue, valueIn } from "./changes";
 import { guardedLabel, labelOf } from "./labels";
+import { SecretInput } from "./SecretInput";
 import { edit, edits } from "./store";
 import { type ConfigLeaf, isSecret, optionsOf } from "./tree";
 
@@ -19,34 +19,11 @@ function Choice({ leaf, value }: { leaf: ConfigLeaf; value: string }) {
   return <Select value={value} options={options} onChange={(next) => edit(leaf, next)} />;
 }
 
-function FreeText({ leaf, value }: { leaf: ConfigLeaf; value: string }) {
-  const [shown, setShown] = useState(false);
-  const onInput = (next: string) => edit(leaf, next);
-  if (!isSecret(leaf)) {
-    return <TextInput value={value} onInput={onInput} />;
-  }
-  return (
-    <>
-      <TextInput
-        type={shown ? "text" : "password"}
-        autocomplete="new-password"
-        value={value}
-        onInput={onInput}
-      />
-      <Button
-        aria-pressed={shown}
-        aria-label={texts.showOf(leaf.name)}
-        icon="eye"
-        onClick={() => setShown(!shown)}
-      />
-    </>
-  );
-}
-
 export function ConfigField({ leaf }: { leaf: ConfigLeaf }) {
   const value = valueIn(edits.value, leaf);
   const changed = isChanged(edits.value, leaf);
   const problem = changed ? problemOfValue(value) : undefined;
+  const onInput = (next: string) => edit(leaf, next);
   const was = changed && texts.was(guardedLabel(leaf, leaf.value));
   return (
     <Field
@@ -57,19 +34,20 @@ export function ConfigField({ leaf }: { leaf: ConfigLeaf }) {
         </>
       }
       hint={was || (leaf.choices?.length === 0 && texts.noChoices)}
-      error={problem && texts.problemOf(problem)}
+      error={problem && texts.problems[problem]}
     >
       <div class="control">
-        {leaf.choices === undefined ? (
-          <FreeText leaf={leaf} value={value} />
-        ) : (
+        {leaf.choices !== undefined ? (
           <Choice leaf={leaf} value={value} />
+        ) : isSecret(leaf) ? (
+          <SecretInput name={leaf.name} value={value} onInput={onInput} />
+        ) : (
+          <TextInput value={value} onInput={onInput} />
         )}
         {changed && (
           <Button
             icon="undo"
-            title={texts.reset}
-            aria-label={texts.resetOf(leaf.name)}
+            aria-label={texts.reset(leaf.name)}
             onClick={() => edit(leaf, leaf.value)}
           />
         )}

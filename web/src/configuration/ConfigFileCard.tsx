@@ -1,5 +1,5 @@
 import { Card } from "../kit/Card";
-import { configurationTexts as texts } from "../texts/configuration";
+import * as texts from "../texts/configuration";
 import { ConfigField } from "./ConfigField";
 import { type ConfigFile, fileNameOf } from "./tree";
 
@@ -9,7 +9,7 @@ export function ConfigFileCard({ file }: { file: ConfigFile }) {
       {file.groups.map((group) => (
         <fieldset key={group.name}>
           <legend>{group.name === "" ? texts.general : group.name}</legend>
-          <div class="settings">
+          <div class="fields">
             {group.leaves.map((leaf) => (
               <ConfigField key={leaf.key} leaf={leaf} />
             ))}

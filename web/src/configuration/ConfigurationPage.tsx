@@ -6,45 +6,30 @@ import { Button } from "../kit/Button";
 import { Empty } from "../kit/Empty";
 import { TextInput } from "../kit/TextInput";
 import { Toggle } from "../kit/Toggle";
-import { configurationTexts as texts } from "../texts/configuration";
+import * as texts from "../texts/configuration";
 import { ConfigFileCard } from "./ConfigFileCard";
 import { isChanged } from "./changes";
+import { EditBar } from "./EditBar";
+import { NotLoaded } from "./NotLoaded";
 import "./configuration.css";
 import { reviewAndSave } from "./review";
 import { SaveReportCard } from "./SaveReportCard";
 import type { SaveReport } from "./save";
 import { filtered } from "./search";
-import { changes, edits, files, forget, hasFailed, load } from "./store";
+import { changes, discard, edits, files, forget, hasFailed, isValid, load } from "./store";
 import type { ConfigLeaf } from "./tree";
-import { UnsavedBar } from "./UnsavedBar";
 import { useUnsavedGuard } from "./useUnsavedGuard";
 
-const unsaved = {
-  count: () => changes.peek().length,
-  title: texts.leaveTitle,
-  body: texts.leaveBody,
-  action: texts.leaveAction,
-};
-
-function NotLoaded() {
-  return hasFailed.value ? (
-    <Empty icon="warning">
-      {texts.failed} <Button onClick={() => void load()}>{texts.again}</Button>
-    </Empty>
-  ) : (
-    <Empty>{texts.loading}</Empty>
-  );
-}
+const countUnsaved = () => changes.peek().length;
 
 export function ConfigurationPage() {
   const search = useSignal("");
   const changedOnly = useSignal(false);
   const report = useSignal<SaveReport | undefined>(undefined);
-  const saving = useSignal(false);
   const connected = linkState.value === "connected";
   const enabled = connected && canAdminister.value;
 
-  useUnsavedGuard(unsaved);
+  useUnsavedGuard(countUnsaved);
   useEffect(() => forget, []);
   useEffect(() => {
     if (enabled) {
@@ -54,19 +39,13 @@ export function ConfigurationPage() {
 
   const all = files.value;
   if (all === undefined) {
-    return <NotLoaded />;
+    return <NotLoaded hasFailed={hasFailed.value} load={load} />;
   }
   const isWanted = (leaf: ConfigLeaf) => !changedOnly.value || isChanged(edits.value, leaf);
   const shown = filtered(all, search.value, isWanted);
 
-  const onSave = async () => {
-    saving.value = true;
-    report.value = await reviewAndSave();
-    saving.value = false;
-  };
-
   return (
-    <div class="configuration stack">
+    <div class="editing stack">
       <div class="row">
         <TextInput
           type="search"
@@ -102,7 +81,16 @@ export function ConfigurationPage() {
       {shown.map((file) => (
         <ConfigFileCard key={file.path} file={file} />
       ))}
-      <UnsavedBar enabled={enabled} saving={saving.value} onSave={onSave} />
+      <EditBar
+        count={changes.value.length}
+        isValid={isValid.value}
+        enabled={enabled}
+        action={texts.review}
+        onDiscard={discard}
+        onSave={async () => {
+          report.value = await reviewAndSave();
+        }}
+      />
     </div>
   );
 }

@@ -1,7 +1,8 @@
 import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
 import { Icon } from "../kit/Icon";
-import { configurationTexts as texts } from "../texts/configuration";
+import * as texts from "../texts/configuration";
+import * as editing from "../texts/editing";
 import { guardedLabel, placeOf } from "./labels";
 import type { NotTaken } from "./readBack";
 import type { SaveReport } from "./save";
@@ -12,30 +13,21 @@ function lineOf({ leaf, value, found }: NotTaken): string {
     : texts.notTakenItem(placeOf(leaf), guardedLabel(leaf, value), guardedLabel(leaf, found));
 }
 
-const failures = {
-  refused: texts.refused,
-  unreachable: texts.unreachable,
-  unverified: texts.notVerified,
-} as const;
-
 export function SaveReportCard({ report, onClose }: { report: SaveReport; onClose: () => void }) {
   const taken = report.count - report.notTaken.length;
   return (
     <Card
       title={texts.report}
-      aside={<Button icon="close" class="bare" aria-label={texts.close} onClick={onClose} />}
+      aside={<Button icon="close" class="bare" aria-label={editing.close} onClick={onClose} />}
     >
       <div class="stack" role="status">
-        {report.state === "checked" ? (
-          taken > 0 && (
-            <p class="row">
-              <Icon name="check" /> {texts.saved(taken)}
-            </p>
-          )
-        ) : (
-          <p class="error">{failures[report.state]}</p>
+        {report.state !== "checked" && <p class="error">{texts.failures[report.state]}</p>}
+        {report.state === "checked" && taken > 0 && (
+          <p class="row">
+            <Icon name="check" /> {texts.saved(taken)}
+          </p>
         )}
-        {report.state === "checked" && report.notTaken.length > 0 && (
+        {report.notTaken.length > 0 && (
           <div>
             <p class="error">{texts.notTaken}</p>
             <ul>
@@ -43,7 +35,6 @@ export function SaveReportCard({ report, onClose }: { report: SaveReport; onClos
                 <li key={each.leaf.key}>{lineOf(each)}</li>
               ))}
             </ul>
-            <p class="hint">{texts.notTakenWhy}</p>
           </div>
         )}
         {report.daemons.length > 0 && (

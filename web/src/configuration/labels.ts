@@ -1,4 +1,5 @@
-import { configurationTexts as texts } from "../texts/configuration";
+import * as texts from "../texts/configuration";
+import * as editing from "../texts/editing";
 import { type ConfigLeaf, fileNameOf, isSecret } from "./tree";
 
 /** A value as people read it: an empty one would not be seen. */
@@ -8,7 +9,7 @@ export function labelOf(value: string): string {
 
 /** A value in a list that others may look at. */
 export function guardedLabel(leaf: ConfigLeaf, value: string): string {
-  return isSecret(leaf) && value !== "" ? texts.hidden : labelOf(value);
+  return isSecret(leaf) && value !== "" ? editing.hidden : labelOf(value);
 }
 
 export function placeOf(leaf: ConfigLeaf): string {

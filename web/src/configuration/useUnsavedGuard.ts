@@ -1,28 +1,26 @@
-import type { ComponentChildren } from "preact";
 import { useEffect } from "preact/hooks";
 import { guardLeaving } from "../frame/guards";
 import { confirm } from "../kit/questions";
-
-export interface Unsaved {
-  /** How many edits would be lost. */
-  readonly count: () => number;
-  readonly title: string;
-  readonly body: (count: number) => ComponentChildren;
-  readonly action: string;
-}
+import * as texts from "../texts/editing";
 
 /** Asks before edits are lost, to another page of the interface as well as to a closed tab. */
-export function useUnsavedGuard(unsaved: Unsaved): void {
+export function useUnsavedGuard(countUnsaved: () => number): void {
   useEffect(() => {
     const stopGuarding = guardLeaving(async () => {
-      const count = unsaved.count();
-      const { title, action } = unsaved;
-      const question = { title, body: unsaved.body(count), action, danger: true };
-      return count === 0 || confirm(question);
+      const count = countUnsaved();
+      return (
+        count === 0 ||
+        confirm({
+          title: texts.leaveTitle,
+          body: texts.unsaved(count),
+          action: texts.leaveAction,
+          danger: true,
+        })
+      );
     });
     // What the browser asks then is its own text.
     const onUnload = (event: BeforeUnloadEvent) => {
-      if (unsaved.count() > 0) {
+      if (countUnsaved() > 0) {
         event.preventDefault();
       }
     };
@@ -31,5 +29,5 @@ export function useUnsavedGuard(unsaved: Unsaved): void {
       stopGuarding();
       removeEventListener("beforeunload", onUnload);
     };
-  }, [unsaved]);
+  }, [countUnsaved]);
 }

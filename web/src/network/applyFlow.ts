@@ -6,7 +6,7 @@ import {
   type FlowPlan,
   type FlowState,
   type Observation,
-  resumeTrial,
+  resumeFlow,
   shouldMove,
   type Wish,
   type Written,
@@ -36,8 +36,7 @@ const lastingEnds = new Set(["kept", "noRollback", "silent"]);
 /** Writes settings and then looks, again and again, at what has become of them. */
 export class ApplyFlow {
   readonly plan: FlowPlan;
-  readonly canRevert: boolean;
-  readonly #bodies: FlowBodies;
+  readonly bodies: FlowBodies;
   readonly #world: FlowWorld;
   readonly #onChange: (state: FlowState) => void;
   #state: FlowState;
@@ -50,8 +49,7 @@ export class ApplyFlow {
     onChange: (state: FlowState) => void,
   ) {
     this.plan = plan;
-    this.canRevert = bodies.revert !== undefined;
-    this.#bodies = bodies;
+    this.bodies = bodies;
     this.#world = world;
     this.#onChange = onChange;
     this.#state = beginFlow(plan, world.now());
@@ -63,13 +61,14 @@ export class ApplyFlow {
 
   async start(): Promise<void> {
     this.#become(this.#state);
-    const written = await this.#world.write(this.#bodies.keep);
+    const written = await this.#world.write(this.bodies.keep);
     this.#become(afterWrite(this.#state, written, this.#world.now()));
     await this.#watch();
   }
 
-  async resume(deadline: number): Promise<void> {
-    this.#become(resumeTrial(this.plan, this.#world.now(), deadline));
+  /** Goes on with what another page has sent; a deadline is that of the trial that it saw begin. */
+  async resume(deadline: number | undefined): Promise<void> {
+    this.#become(resumeFlow(this.plan, this.#world.now(), deadline));
     await this.#watch();
   }
 
@@ -79,7 +78,7 @@ export class ApplyFlow {
       return;
     }
     this.#become(afterWish(this.#state, wish));
-    const body = wish === "keep" ? this.#bodies.keep : this.#bodies.revert;
+    const body = wish === "keep" ? this.bodies.keep : this.bodies.revert;
     const written = await this.#world.write(body);
     this.#become(afterWrite(this.#state, written, this.#world.now()));
   }

@@ -9,10 +9,10 @@ export type Effect =
   /** Another interface is changed. */
   | { readonly kind: "untouched" }
   /** The address stays, but the interface comes up anew. */
-  | { readonly kind: "interrupted"; readonly interfaceName: string }
-  | { readonly kind: "moves"; readonly interfaceName: string; readonly address: string }
+  | { readonly kind: "interrupted"; readonly device: string }
+  | { readonly kind: "moves"; readonly device: string; readonly address: string }
   /** The address goes, and which one comes is not known here. */
-  | { readonly kind: "leaves"; readonly interfaceName: string };
+  | { readonly kind: "leaves"; readonly device: string };
 
 export interface PageAddress {
   readonly protocol: string;
@@ -35,28 +35,26 @@ export function effectOf(
   after: Values,
   hostname: string,
 ): Effect {
-  const interfaceName = carrierOf(tree, before, hostname);
-  const node = tree.find(({ name }) => name === interfaceName);
-  if (interfaceName === undefined || node === undefined) {
+  const device = carrierOf(tree, before, hostname);
+  const node = tree.find(({ name }) => name === device);
+  if (device === undefined || node === undefined) {
     return { kind: "unknown" };
   }
   const changed = node.leaves.filter(({ name }) => {
-    const key = keyOf(interfaceName, name);
+    const key = keyOf(device, name);
     return before[key] !== after[key];
   });
   if (changed.length === 0) {
     return { kind: "untouched" };
   }
   const address = node.leaves.find(({ name }) => name === "address");
-  const next = valueAt(after, interfaceName, "address");
-  if (address === undefined || !counts(interfaceName, address, after) || next === "") {
+  const next = valueAt(after, device, "address");
+  if (address === undefined || !counts(device, address, after) || next === "") {
     const stays = next === hostname && !changed.some(({ name }) => joining.includes(name));
-    return { kind: stays ? "interrupted" : "leaves", interfaceName };
+    return { kind: stays ? "interrupted" : "leaves", device };
   }
   const isOld = carrierOf(tree, after, hostname) !== undefined;
-  return isOld
-    ? { kind: "interrupted", interfaceName }
-    : { kind: "moves", interfaceName, address: next };
+  return isOld ? { kind: "interrupted", device } : { kind: "moves", device, address: next };
 }
 
 /** The robot's origin at another address; it listens at the same port on all of them. */

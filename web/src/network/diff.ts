@@ -2,7 +2,7 @@ import { counts } from "./tagRules";
 import { keyOf, type NetworkTree, type Values } from "./tree";
 
 export interface Change {
-  readonly interfaceName: string;
+  readonly device: string;
   readonly leafName: string;
   readonly from: string;
   readonly to: string;
@@ -15,14 +15,14 @@ export function changesBetween(tree: NetworkTree, before: Values, after: Values)
       const key = keyOf(name, leaf.name);
       const from = before[key] ?? leaf.value;
       const to = after[key] ?? leaf.value;
-      return from === to ? [] : [{ interfaceName: name, leafName: leaf.name, from, to }];
+      return from === to ? [] : [{ device: name, leafName: leaf.name, from, to }];
     }),
   );
 }
 
 /** The name servers of the wireless network can be written, but are never read back. */
-export function canBeReadBack(interfaceName: string, leafName: string): boolean {
-  return !(leafName === "dns" && !interfaceName.startsWith("eth"));
+export function canBeReadBack(device: string, leafName: string): boolean {
+  return !(leafName === "dns" && !device.startsWith("eth"));
 }
 
 /** The leaves that the robot shows otherwise than they were sent: what did not take effect. */
@@ -36,8 +36,8 @@ export function notTaken(tree: NetworkTree, sent: Values, shown: Values): Change
     ),
   );
   return changesBetween(tree, sent, shown).filter(
-    ({ interfaceName, leafName, from, to }) =>
-      meaning.has(keyOf(interfaceName, leafName)) &&
+    ({ device, leafName, from, to }) =>
+      meaning.has(keyOf(device, leafName)) &&
       !(isWired && leafName === "dns" && withoutEnd(from) === withoutEnd(to)),
   );
 }

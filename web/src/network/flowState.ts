@@ -6,8 +6,6 @@ export interface FlowPlan {
   readonly network: Network;
   readonly tree: NetworkTree;
   readonly sent: Values;
-  /** What was in force before; unknown to a page that took the trial over from another address. */
-  readonly previous: Values | undefined;
   /** The result text before the write: the daemon shows it until the script has ended. */
   readonly oldMessage: string | undefined;
   /** Where the page will be found, if that changes and is known. */
@@ -79,9 +77,12 @@ export function beginFlow(plan: FlowPlan, now: number): FlowState {
   };
 }
 
-/** A trial that another page has begun. */
-export function resumeTrial(plan: FlowPlan, now: number, deadline: number): FlowState {
-  return { ...beginFlow(plan, now), stage: "trial", deadline };
+/** What another page has sent, and maybe seen on trial until a deadline. */
+export function resumeFlow(plan: FlowPlan, now: number, deadline: number | undefined): FlowState {
+  const state: FlowState = { ...beginFlow(plan, now), written: "accepted" };
+  return deadline === undefined
+    ? { ...state, stage: "waiting" }
+    : { ...state, stage: "trial", deadline, oldMessage: undefined };
 }
 
 export function afterWrite(state: FlowState, written: Written, now: number): FlowState {
@@ -101,15 +102,9 @@ export function hasNewText(state: FlowState): boolean {
   return state.message !== undefined && state.message !== state.oldMessage;
 }
 
-export function matchesSent(plan: FlowPlan, shown: Values | undefined): boolean {
-  return shown !== undefined && notTaken(plan.tree, plan.sent, shown).length === 0;
-}
-
-function matchesPrevious(plan: FlowPlan, shown: Values | undefined): boolean {
-  if (shown === undefined || plan.previous === undefined) {
-    return shown !== undefined && !matchesSent(plan, shown);
-  }
-  return notTaken(plan.tree, plan.previous, shown).length === 0;
+/** Undefined where the robot's files could not be read. */
+function matchesSent(plan: FlowPlan, { shown }: FlowState): boolean | undefined {
+  return shown && notTaken(plan.tree, plan.sent, shown).length === 0;
 }
 
 function ended(state: FlowState, end: End): FlowState {
@@ -135,8 +130,8 @@ function afterOutcome(plan: FlowPlan, state: FlowState, now: number): FlowState 
     return { ...state, wish: undefined, oldMessage: state.message };
   }
   if (outcome.kind === "confirmed") {
-    const isBack = matchesPrevious(plan, state.shown) && !matchesSent(plan, state.shown);
-    return ended(state, state.wish === "revert" || isBack ? "reverted" : "kept");
+    const isBack = state.wish === "revert" || matchesSent(plan, state) === false;
+    return ended(state, isBack ? "reverted" : "kept");
   }
   return ended(state, outcome.kind);
 }
@@ -144,8 +139,7 @@ function afterOutcome(plan: FlowPlan, state: FlowState, now: number): FlowState 
 function afterWaiting(plan: FlowPlan, state: FlowState, now: number): FlowState {
   const waited = now - state.startedAt;
   const outcome = outcomeOf(state.message ?? "");
-  const isNewInFiles = matchesSent(plan, state.shown) && !matchesPrevious(plan, state.shown);
-  if (outcome?.kind === "trial" && isNewInFiles && waited > sameTextAfterMs) {
+  if (outcome?.kind === "trial" && waited > sameTextAfterMs && matchesSent(plan, state)) {
     return trialUntil(state, state.startedAt + outcome.seconds * 1000);
   }
   const isOver = now >= state.deadline && state.reach !== "nowhere";
@@ -153,11 +147,13 @@ function afterWaiting(plan: FlowPlan, state: FlowState, now: number): FlowState 
 }
 
 function afterExpiry(plan: FlowPlan, state: FlowState, now: number): FlowState {
-  if (matchesPrevious(plan, state.shown) && state.reach !== "nowhere") {
+  const isNew = matchesSent(plan, state);
+  if (isNew === false) {
     return ended(state, "expired");
   }
-  const isOver = now >= state.deadline + expiryPatienceMs && matchesSent(plan, state.shown);
-  return isOver ? ended(state, "unclear") : { ...state, stage: "expiring" };
+  return isNew && now >= state.deadline + expiryPatienceMs
+    ? ended(state, "unclear")
+    : { ...state, stage: "expiring" };
 }
 
 function reachOf({ reachesOld, reachesNew }: Observation): Reach {

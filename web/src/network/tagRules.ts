@@ -8,28 +8,26 @@ import {
 } from "./tree";
 
 /** The words of tags that hold for an interface with these values. */
-export function wordsInForce(interfaceName: string, values: Values): readonly string[] {
-  const wired = /^eth0(?::(\d+))?$/.exec(interfaceName);
+export function wordsInForce(device: string, values: Values): readonly string[] {
+  const wired = /^eth0(?::(\d+))?$/.exec(device);
   if (wired !== null) {
     const isOn =
       wired[1] === undefined
-        ? valueAt(values, interfaceName, "method") !== "auto"
-        : valueAt(values, interfaceName, "enable") === "true";
+        ? valueAt(values, device, "method") !== "auto"
+        : valueAt(values, device, "enable") === "true";
     return [`eth${wired[1] ?? "0"}_${isOn ? "enabled" : "disabled"}`];
   }
-  if (valueAt(values, interfaceName, "type") === "master") {
+  if (valueAt(values, device, "type") === "master") {
     return ["master"];
   }
   // The daemon takes every other type for a client, and every other method for a fixed address.
-  return ["client", valueAt(values, interfaceName, "method") === "auto" ? "auto" : "manual"];
+  return ["client", valueAt(values, device, "method") === "auto" ? "auto" : "manual"];
 }
 
 /** Whether the leaf means anything with these values; a form disables those that don't. */
-export function counts(interfaceName: string, leaf: Leaf, values: Values): boolean {
+export function counts(device: string, leaf: Leaf, values: Values): boolean {
   const { tag } = leaf;
-  return (
-    tag === undefined || wordsInForce(interfaceName, values).every((word) => tag.includes(word))
-  );
+  return tag === undefined || wordsInForce(device, values).every((word) => tag.includes(word));
 }
 
 /** What the daemon reads back where nothing is set. */

@@ -23,8 +23,8 @@ export type Values = Readonly<Record<string, string>>;
 
 export const wirelessName = "wlan0";
 
-export function keyOf(interfaceName: string, leafName: string): string {
-  return `${interfaceName}/${leafName}`;
+export function keyOf(device: string, leafName: string): string {
+  return `${device}/${leafName}`;
 }
 
 function decodeLeaf(json: unknown): Leaf | undefined {
@@ -68,8 +68,8 @@ export function valuesOf(tree: NetworkTree): Values {
   return values;
 }
 
-export function valueAt(values: Values, interfaceName: string, leafName: string): string {
-  return values[keyOf(interfaceName, leafName)] ?? "";
+export function valueAt(values: Values, device: string, leafName: string): string {
+  return values[keyOf(device, leafName)] ?? "";
 }
 
 /** What the daemon takes: the shape of its own tree, with nothing but names and values. */

@@ -1,31 +1,21 @@
 import { isHost, isUnicast, overlaps, parseAddress, parsePrefix } from "./ipv4";
 import { counts } from "./tagRules";
 import { keyOf, type NetworkTree, type Values, valueAt } from "./tree";
-import { problemOfCipher, problemOfKey, problemOfName, problemOfType } from "./wirelessRules";
+import { problemOfKey, problemOfName } from "./wirelessRules";
 
 export type Problem =
-  | "addressMissing"
-  | "addressMalformed"
-  | "addressUnusable"
-  | "addressNotHost"
-  | "addressTwice"
+  | "missing"
+  | "address"
+  | "host"
+  | "twice"
   | "prefix"
-  | "gatewayMalformed"
-  | "gatewayElsewhere"
-  | "gatewayIsSelf"
-  | "gatewayNotHost"
+  | "gateway"
   | "dns"
   | "type"
-  | "ssidMissing"
-  | "ssidLong"
-  | "ssidCharacters"
-  | "ssidUnreadable"
-  | "keyMissing"
-  | "keyLength"
-  | "keyCharacters"
-  | "keyUnreadable"
-  | "cipher"
-  | "subnetTwice";
+  | "name"
+  | "key"
+  | "keyword"
+  | "subnet";
 
 export interface Finding {
   readonly key: string;
@@ -46,33 +36,22 @@ interface Placed {
 
 function problemOfAddress(text: string, prefix: number | undefined): Problem | undefined {
   const address = parseAddress(text);
-  if (text === "") {
-    return "addressMissing";
+  if (address === undefined || !isUnicast(address)) {
+    return text === "" ? "missing" : "address";
   }
-  if (address === undefined) {
-    return "addressMalformed";
-  }
-  if (!isUnicast(address)) {
-    return "addressUnusable";
-  }
-  return prefix !== undefined && !isHost(address, prefix) ? "addressNotHost" : undefined;
+  return prefix !== undefined && !isHost(address, prefix) ? "host" : undefined;
 }
 
+/** A gateway is another host in the interface's network; 0.0.0.0 is none. */
 function problemOfGateway(text: string, { address, prefix }: Placed): Problem | undefined {
   const gateway = parseAddress(text);
-  if (gateway === undefined) {
-    return "gatewayMalformed";
-  }
-  if (gateway === 0) {
-    return undefined;
-  }
-  if (!overlaps(gateway, prefix, address, prefix)) {
-    return "gatewayElsewhere";
-  }
-  if (gateway === address) {
-    return "gatewayIsSelf";
-  }
-  return isHost(gateway, prefix) ? undefined : "gatewayNotHost";
+  const isSound =
+    gateway === 0 ||
+    (gateway !== undefined &&
+      gateway !== address &&
+      overlaps(gateway, prefix, address, prefix) &&
+      isHost(gateway, prefix));
+  return isSound ? undefined : "gateway";
 }
 
 function problemOfDns(text: string): Problem | undefined {
@@ -99,7 +78,7 @@ export function findingsIn(tree: NetworkTree, values: Values): Findings {
     };
     const prefix = parsePrefix(valueAt(values, name, "netmask"));
     const address = parseAddress(valueAt(values, name, "address"));
-    note("type", problemOfType);
+    note("type", (text) => (text === "" ? "type" : undefined));
     note("address", (text) => problemOfAddress(text, prefix));
     note("netmask", () => (prefix === undefined ? "prefix" : undefined));
     if (ofLeaf.has("address") && address !== undefined && prefix !== undefined) {
@@ -110,14 +89,13 @@ export function findingsIn(tree: NetworkTree, values: Values): Findings {
     note("dns", problemOfDns);
     note("ssid", problemOfName);
     note("psk", (text) => problemOfKey(text, valueAt(values, name, "type") === "master"));
-    note("cipher", problemOfCipher);
   }
   for (const [index, later] of placed.entries()) {
     for (const earlier of placed.slice(0, index)) {
       if (earlier.address === later.address) {
-        errors.push({ key: later.key, problem: "addressTwice" });
+        errors.push({ key: later.key, problem: "twice" });
       } else if (overlaps(earlier.address, earlier.prefix, later.address, later.prefix)) {
-        warnings.push({ key: later.key, problem: "subnetTwice" });
+        warnings.push({ key: later.key, problem: "subnet" });
       }
     }
   }

@@ -66,7 +66,6 @@ export function begin(robot: FakeRobot, wishes: Partial<FlowPlan> = {}): Begun {
     network: "eth",
     tree: wired,
     sent,
-    previous: before,
     oldMessage: robot.message,
     newOrigin: undefined,
     ...wishes,

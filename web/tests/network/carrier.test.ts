@@ -30,13 +30,13 @@ test("another interface does not touch the page", () => {
 test("a new address takes the page along", () => {
   assert.deepEqual(effect({ "eth0/address": "192.168.0.11" }, "192.168.0.10"), {
     kind: "moves",
-    interfaceName: "eth0",
+    device: "eth0",
     address: "192.168.0.11",
   });
 });
 
 test("another netmask only interrupts the page, and so does an address that changes places", () => {
-  const interrupted = { kind: "interrupted", interfaceName: "eth0" };
+  const interrupted = { kind: "interrupted", device: "eth0" };
   assert.deepEqual(effect({ "eth0/netmask": "16" }, "192.168.0.10"), interrupted);
   const swapped = { "eth0/address": "192.168.0.11", "eth0:1/address": "192.168.0.10" };
   assert.deepEqual(effect(swapped, "192.168.0.10"), interrupted);
@@ -44,9 +44,9 @@ test("another netmask only interrupts the page, and so does an address that chan
 
 test("DHCP and a disabled interface leave the page behind", () => {
   const gone = effect({ "eth0/method": "auto" }, "192.168.0.10");
-  assert.deepEqual(gone, { kind: "leaves", interfaceName: "eth0" });
+  assert.deepEqual(gone, { kind: "leaves", device: "eth0" });
   const off = effect({ "eth0:1/enable": "false" }, "10.0.0.10");
-  assert.deepEqual(off, { kind: "leaves", interfaceName: "eth0:1" });
+  assert.deepEqual(off, { kind: "leaves", device: "eth0:1" });
 });
 
 test("another name of the access point leaves the page behind", () => {
@@ -60,7 +60,7 @@ test("another name of the access point leaves the page behind", () => {
   const after = settledValues(point, before, { "wlan0/ssid": "other" });
   assert.deepEqual(effectOf(point, before, after, "192.168.12.1"), {
     kind: "leaves",
-    interfaceName: "wlan0",
+    device: "wlan0",
   });
 });
 

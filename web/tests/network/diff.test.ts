@@ -9,8 +9,8 @@ test("changes come in the order of the tree, with what follows from them", () =>
   const base = valuesOf(wired);
   const sent = settledValues(wired, base, { "eth0:1/enable": "false", "eth0/dns": "1.1.1.1" });
   assert.deepEqual(
-    changesBetween(wired, base, sent).map(({ interfaceName, leafName, from, to }) =>
-      [interfaceName, leafName, from, to].join(" "),
+    changesBetween(wired, base, sent).map(({ device, leafName, from, to }) =>
+      [device, leafName, from, to].join(" "),
     ),
     [
       "eth0 dns 192.168.0.1; 1.1.1.1",

@@ -1,45 +1,58 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { splitHash } from "../../src/data/sid";
-import { addressAfterMove, trialIn, withoutTrial } from "../../src/network/handOver";
+import {
+  addressAfterMove,
+  fingerprint,
+  flowIn,
+  type HandedFlow,
+  withoutFlow,
+} from "../../src/network/handOver";
 
-const trial = { network: "wlan", until: 1_700_000_090_000, from: "192.168.0.10", dns: "1.1.1.1;" };
+const flow: HandedFlow = {
+  network: "wlan",
+  until: 1_700_000_090_000,
+  from: "192.168.0.10",
+  oldText: fingerprint("CONFIRMED: kept"),
+  dns: "1.1.1.1;8.8.8.8;",
+};
 
-test("a trial and the session go along in the fragment, and nothing else", () => {
-  const address = addressAfterMove("http://10.0.0.1:8080", { ...trial, network: "wlan" });
-  const hash = address.slice(address.indexOf("#"));
-  assert.ok(address.startsWith("http://10.0.0.1:8080/#/network;"));
-  const { route, sid } = splitHash(hash);
-  assert.match(sid ?? "", /^[0-9a-f]{32}$/);
-  assert.deepEqual(trialIn(route), trial);
-  assert.equal(withoutTrial(route), "#/network");
-});
+function hashOf(address: string): string {
+  return address.slice(address.indexOf("#"));
+}
 
-test("several name servers come through", () => {
-  const address = addressAfterMove("http://10.0.0.1", {
-    ...trial,
-    network: "wlan",
-    dns: "1.1.1.1;8.8.8.8;",
+const cases: HandedFlow[] = [
+  flow,
+  { ...flow, network: "eth", until: 0, dns: "" },
+  { ...flow, dns: "1.1.1.1" },
+  { ...flow, from: "robot-2.local", oldText: "" },
+];
+
+for (const handed of cases) {
+  test(`the flow from ${handed.from} with ${handed.dns || "no name servers"} goes along`, () => {
+    const address = addressAfterMove("http://10.0.0.1:8080", handed);
+    assert.ok(address.startsWith("http://10.0.0.1:8080/#/network;"));
+    assert.deepEqual(flowIn(hashOf(address)), handed);
+    const { route, sid } = splitHash(hashOf(address));
+    assert.match(sid ?? "", /^[0-9a-f]{32}$/);
+    assert.deepEqual(flowIn(route), handed);
+    assert.equal(withoutFlow(route), "#/network");
   });
-  assert.equal(
-    trialIn(splitHash(address.slice(address.indexOf("#"))).route)?.dns,
-    "1.1.1.1;8.8.8.8;",
-  );
-});
+}
 
-test("without a trial the page and the session go along", () => {
+test("without a flow the page and the session go along", () => {
   const address = addressAfterMove("http://10.0.0.1", undefined);
   assert.match(address, /^http:\/\/10\.0\.0\.1\/#\/network;sid=[0-9a-f]{32}$/);
 });
 
-test("other fragments hold no trial", () => {
-  for (const hash of [
-    "",
-    "#/network",
-    "#/network;trial=usb,1,1.1.1.1,",
-    "#/network;trial=eth,x,,",
-  ]) {
-    assert.equal(trialIn(hash), undefined, hash);
-    assert.equal(withoutTrial(hash), hash);
+test("other fragments hold no flow", () => {
+  for (const hash of ["", "#/network", "#/network;apply=usb,1,a,,", "#/network;apply=eth,x,,,"]) {
+    assert.equal(flowIn(hash), undefined, hash);
+    assert.equal(withoutFlow(hash), hash);
   }
+});
+
+test("texts are told apart by their fingerprints", () => {
+  const texts = ["", "a", "b", "ab", "ba", "ROLLBACK 90 s: on trial", "CONFIRMED: kept"];
+  assert.equal(new Set(texts.map(fingerprint)).size, texts.length);
 });

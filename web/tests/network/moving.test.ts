@@ -64,7 +64,7 @@ test("the page at the new address goes on with the trial that it was handed", as
   const robot = new FakeRobot();
   robot.message = trialText(90);
   robot.values = sent;
-  const { flow } = begin(robot, { previous: undefined, oldMessage: undefined });
+  const { flow } = begin(robot, { oldMessage: undefined });
   robot.after(5000, () => void flow.ask("keep"));
   robot.onWrite = () => {
     robot.message = "CONFIRMED: the new settings are kept.\n";
@@ -82,7 +82,7 @@ test("a trial that was handed over runs out like any other", async () => {
   robot.after(42_000, () => {
     robot.values = before;
   });
-  const { flow } = begin(robot, { previous: undefined, oldMessage: undefined });
+  const { flow } = begin(robot, { oldMessage: undefined });
   await flow.resume(robot.time + 40_000);
   assert.equal(flow.state.end, "expired");
 });
@@ -91,7 +91,25 @@ test("a trial that is over already when it is handed over ends at once", async (
   const robot = new FakeRobot();
   robot.message = "CONFIRMED: the new settings are kept.\n";
   robot.values = sent;
-  const { flow } = begin(robot, { previous: undefined, oldMessage: undefined });
+  const { flow } = begin(robot, { oldMessage: undefined });
   await flow.resume(robot.time + 40_000);
+  assert.equal(flow.state.end, "kept");
+});
+
+test("a script that hasn't ended before the move is waited for after it", async () => {
+  const robot = new FakeRobot();
+  robot.message = "CONFIRMED: the new settings are kept.\n";
+  robot.values = sent;
+  robot.after(5000, () => {
+    robot.message = trialText(90);
+  });
+  robot.after(9000, () => void flow.ask("keep"));
+  robot.onWrite = () => {
+    robot.message = "CONFIRMED: the new settings are kept.\n";
+    return "accepted";
+  };
+  const { flow, states } = begin(robot);
+  await flow.resume(undefined);
+  assert.ok(states.filter(({ stage }) => stage === "waiting").length > 3);
   assert.equal(flow.state.end, "kept");
 });

@@ -4,11 +4,11 @@ import { counts, settledValues, shownValue, wordsInForce } from "../../src/netwo
 import { type NetworkTree, type Values, valuesOf } from "../../src/network/tree";
 import { wired, wireless, withValues } from "./samples";
 
-function counting(tree: NetworkTree, interfaceName: string, edits: Values): string[] {
+function counting(tree: NetworkTree, device: string, edits: Values): string[] {
   const values = { ...valuesOf(tree), ...edits };
-  const node = tree.find(({ name }) => name === interfaceName);
+  const node = tree.find(({ name }) => name === device);
   return (node?.leaves ?? [])
-    .filter((leaf) => counts(interfaceName, leaf, values))
+    .filter((leaf) => counts(device, leaf, values))
     .map(({ name }) => name);
 }
 
