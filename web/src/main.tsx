@@ -18,7 +18,7 @@ import { announceStops } from "./frame/stopAll";
 import { dialogCompanion } from "./kit/Dialog";
 import { shownTheme } from "./kit/themes";
 import { followOtherTabs } from "./settings/settings";
-import { frame as texts } from "./texts/frame";
+import * as texts from "./texts/frame";
 
 const root = document.getElementById("app");
 

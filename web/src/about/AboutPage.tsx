@@ -3,8 +3,8 @@ import { useResource } from "../data/useResource";
 import { ShortcutList } from "../frame/ShortcutList";
 import { Card } from "../kit/Card";
 import { SettingsCard } from "../settings/SettingsCard";
-import { about as texts } from "../texts/about";
-import { frame } from "../texts/frame";
+import * as texts from "../texts/about";
+import * as frame from "../texts/frame";
 import "./about.css";
 
 function VersionsCard() {
@@ -15,7 +15,7 @@ function VersionsCard() {
   const chargers = [charger0, charger1].slice(0, Math.max(0, count));
   const ability = (isThere: boolean) => (isThere ? texts.available : texts.missing);
   const rows: readonly (readonly [name: string, value: string])[] = [
-    [texts.interface, BUILD.version],
+    [texts.thisInterface, BUILD.version],
     ...chargers.map(
       (charger, index) =>
         [texts.chargerVersion(index), charger.value.value?.version ?? "–"] as const,

@@ -1,6 +1,6 @@
 import { QuestionHost } from "../kit/QuestionHost";
 import { ToastHost } from "../kit/ToastHost";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { LoginDialog } from "./LoginDialog";
 import { NavBar } from "./NavBar";
 import { Notices } from "./Notices";

@@ -1,4 +1,4 @@
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 /** Shown instead of the page where another page has taken it into a frame. */
 export function Framed() {

@@ -1,7 +1,7 @@
 import { openLogin } from "../data/session";
 import { Button } from "../kit/Button";
 import { Icon } from "../kit/Icon";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import type { Page } from "./pages";
 
 export function LockedPage({ page }: { page: Page }) {

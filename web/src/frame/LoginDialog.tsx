@@ -16,7 +16,7 @@ import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
 import { TextInput } from "../kit/TextInput";
 import { toast } from "../kit/toasts";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 /** Roles that everybody has need no login. */
 export function rolesToOffer(everybodys: Role | undefined): Role[] {

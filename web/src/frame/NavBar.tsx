@@ -1,7 +1,7 @@
 import { useSignal } from "@preact/signals";
 import { reaches, role } from "../data/session";
 import { Icon } from "../kit/Icon";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { type Page, pages } from "./pages";
 import { hashOf } from "./route";
 import { shownPath } from "./router";

@@ -4,7 +4,7 @@ import { acknowledgeEnd, openLogin, sessionEnded } from "../data/session";
 import { Button } from "../kit/Button";
 import { formatTime } from "../kit/format";
 import { Icon } from "../kit/Icon";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 /** What holds for every page just now, one below the other, across the whole width. */
 export function Notices() {

@@ -1,7 +1,7 @@
 import { useEffect, useRef } from "preact/hooks";
 import { reaches, role, sessionEnded } from "../data/session";
 import { Empty } from "../kit/Empty";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { LockedPage } from "./LockedPage";
 import { type Page, pages } from "./pages";
 import { shownPath } from "./router";

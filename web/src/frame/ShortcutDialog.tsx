@@ -1,6 +1,6 @@
 import { signal } from "@preact/signals";
 import { Dialog } from "../kit/Dialog";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { ShortcutList } from "./ShortcutList";
 
 export const shortcutsShown = signal(false);

@@ -4,7 +4,7 @@ import { defaultRole } from "../data/session";
 import { useResource } from "../data/useResource";
 import { Chip, type Tone } from "../kit/Chip";
 import { formatNumber } from "../kit/format";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 // A glance at the top bar needs no more; the pages that show it large ask more often.
 const glanceMs = 1000;

@@ -1,7 +1,7 @@
 import { canOperate, openLogin, role } from "../data/session";
 import { driveStop } from "../drive/stop";
 import { Icon } from "../kit/Icon";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { programToStop, stopAll } from "./stopAll";
 
 export function StopButton() {

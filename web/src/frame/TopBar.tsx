@@ -1,6 +1,6 @@
 import { openLogin, role } from "../data/session";
 import { Icon } from "../kit/Icon";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 import { BatteryChip, BumperChip, EveryoneIsAdminChip, LinkChip } from "./StatusChips";
 import { StopButton } from "./StopButton";
 

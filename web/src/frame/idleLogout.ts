@@ -2,7 +2,7 @@ import { effect } from "@preact/signals";
 import { now } from "../data/clock";
 import { defaultRole, logout, role } from "../data/session";
 import { toast } from "../kit/toasts";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 const idleMs = 15 * 60_000;
 

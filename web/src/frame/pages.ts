@@ -5,6 +5,7 @@ import type { Role } from "../data/roles";
 import { DrivePage } from "../drive/DrivePage";
 import { IoPage } from "../io/IoPage";
 import type { IconName } from "../kit/Icon";
+import { NetworkPage } from "../network/NetworkPage";
 import { OverviewPage } from "../overview/OverviewPage";
 import { ProgramsPage } from "../programs/ProgramsPage";
 import { ServicesPage } from "../services/ServicesPage";
@@ -43,6 +44,7 @@ export const pages: readonly Page[] = [
     needs: "guest",
     component: ServicesPage,
   },
+  { path: "network", title: "Network", icon: "network", needs: "guest", component: NetworkPage },
   {
     path: "config",
     title: "Configuration",

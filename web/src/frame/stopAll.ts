@@ -4,7 +4,7 @@ import { driveStop, stopDrive } from "../drive/stop";
 import { toast } from "../kit/toasts";
 import { readPrograms, stop } from "../programs/programActions";
 import { fileNameOf, runningProgram } from "../programs/programList";
-import { frame as texts } from "../texts/frame";
+import * as texts from "../texts/frame";
 
 const offeredMs = 15_000;
 

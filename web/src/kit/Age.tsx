@@ -1,7 +1,7 @@
 import type { ReadonlySignal } from "@preact/signals";
 import { now } from "../data/clock";
 import type { Freshness } from "../data/freshness";
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 import { formatAge } from "./format";
 
 export interface Aging {

@@ -1,6 +1,6 @@
 import { useComputed } from "@preact/signals";
 import { now } from "../data/clock";
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 import { Canvas } from "./Canvas";
 import { formatNumber } from "./format";
 import { paintChart } from "./paintChart";

@@ -1,7 +1,7 @@
 import { type Signal, signal } from "@preact/signals";
 import type { ComponentChildren, VNode } from "preact";
 import { useId, useLayoutEffect, useRef } from "preact/hooks";
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 import { Icon } from "./Icon";
 
 export interface DialogProps {

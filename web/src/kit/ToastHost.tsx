@@ -1,4 +1,4 @@
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 import { Icon } from "./Icon";
 import { dismiss, toasts } from "./toasts";
 

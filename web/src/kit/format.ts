@@ -1,4 +1,4 @@
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 
 /** A number with fixed digits, a dash for what is no number, and no minus before a rounded zero. */
 export function formatNumber(value: number | null | undefined, digits = 2): string {

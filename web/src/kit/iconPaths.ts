@@ -24,7 +24,6 @@ export const iconPaths = {
   warning: "M12 4l9.5 16.5h-19zM12 10v5M12 17.5v.01",
   error: "M12 3a9 9 0 1 0 0 18 9 9 0 0 0 0-18M8.5 8.5l7 7M15.5 8.5l-7 7",
   info: "M12 3a9 9 0 1 0 0 18 9 9 0 0 0 0-18M12 11v5M12 8v.01",
-  help: "M12 3a9 9 0 1 0 0 18 9 9 0 0 0 0-18M9.5 9.5a2.5 2.5 0 1 1 3.5 2.3c-.7.4-1 .9-1 1.7M12 16.8v.01",
   play: "M7 4l12 8-12 8z",
   pause: "M8 5v14M16 5v14",
   square: "M6 6h12v12H6z",
@@ -35,7 +34,6 @@ export const iconPaths = {
   search: "M10.5 4a6.5 6.5 0 1 0 0 13 6.5 6.5 0 0 0 0-13M15.5 15.5L21 21",
   refresh: "M20 11a8 8 0 1 0-1 5M20 4v7h-7",
   undo: "M4 10h11a5 5 0 0 1 0 10H8M8 6l-4 4 4 4",
-  plus: "M12 5v14M5 12h14",
   down: "M6 9l6 6 6-6",
   right: "M9 6l6 6-6 6",
   left: "M15 6l-6 6 6 6",
@@ -47,10 +45,7 @@ export const iconPaths = {
   clock: "M12 3a9 9 0 1 0 0 18 9 9 0 0 0 0-18M12 7v5l3.5 2",
   file: "M6 3h8l5 5v13H6zM14 3v5h5",
   chart: "M4 4v16h16M7 15l4-5 3 3 5-7",
-  external: "M10 5H5v14h14v-5M14 4h6v6M20 4l-9 9",
   gamepad:
     "M7 8h10a4 4 0 0 1 4 4l.5 4a2.5 2.5 0 0 1-4.5 1.5L15 15H9l-2 2.5A2.5 2.5 0 0 1 2.5 16L3 12a4 4 0 0 1 4-4M7.5 10.5v3M6 12h3M16 11v.01M18 13v.01",
-  keyboard: "M2 6h20v12H2zM6 10v.01M10 10v.01M14 10v.01M18 10v.01M7 14h10",
   lamp: "M9 18h6M10 21h4M8 14a6 6 0 1 1 8 0c-.7.6-1 1.3-1 2H9c0-.7-.3-1.4-1-2",
-  power: "M12 3v8M6.5 6.5a8 8 0 1 0 11 0",
 } as const;

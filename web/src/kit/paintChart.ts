@@ -1,4 +1,4 @@
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 import { rangeOf, secondStep, tickStep, ticksWithin } from "./chartScale";
 import { formatAge, formatNumber } from "./format";
 import type { Sample } from "./SampleRing";

@@ -1,6 +1,6 @@
 import { type ReadonlySignal, signal } from "@preact/signals";
 import type { ComponentChildren } from "preact";
-import { kit } from "../texts/kit";
+import * as kit from "../texts/kit";
 
 export interface Choice<T> {
   label: string;

@@ -3,7 +3,7 @@ import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
 import { Card } from "../kit/Card";
 import { Icon } from "../kit/Icon";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 
 export function BumperCard() {
   useResource(bumper);

@@ -4,7 +4,7 @@ import { charger0, charger1, power } from "../data/resources";
 import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
 import { Card } from "../kit/Card";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 import { Readings } from "./Readings";
 
 function OneCharger({ resource, number }: { resource: Resource<Charger>; number: number }) {

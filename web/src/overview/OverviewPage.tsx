@@ -3,7 +3,7 @@ import { odometry } from "../data/resources";
 import { Card } from "../kit/Card";
 import { Icon } from "../kit/Icon";
 import { RobotView } from "../robotView/RobotView";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 import { BumperCard } from "./BumperCard";
 import { ChargerCard } from "./ChargerCard";
 import { InputsCard } from "./InputsCard";
@@ -39,16 +39,16 @@ export function OverviewPage() {
           </Card>
           <BumperCard />
           <ProgramCard />
+          <InputsCard />
         </div>
         <div class="stack">
           <PoseCard />
           <ServicesCard />
+          <RecordsCard />
         </div>
         <div class="stack">
           <PowerCard />
           <ChargerCard />
-          <InputsCard />
-          <RecordsCard />
         </div>
       </div>
     </div>

@@ -5,7 +5,7 @@ import { Card } from "../kit/Card";
 import { Chart } from "../kit/Chart";
 import { PoseTrace } from "../robotView/PoseTrace";
 import { angleUnit } from "../settings/general";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 import { formatAngle, headingOf } from "./angles";
 import { speedHistory } from "./histories";
 import { Readings } from "./Readings";

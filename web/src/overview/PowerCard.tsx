@@ -4,7 +4,7 @@ import { Age } from "../kit/Age";
 import { Card } from "../kit/Card";
 import { Chart } from "../kit/Chart";
 import { Icon } from "../kit/Icon";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 import { voltageHistory } from "./histories";
 import { Readings } from "./Readings";
 

@@ -1,7 +1,7 @@
 import { controllerInfo, festoolCharger } from "../data/resources";
 import { useResource } from "../data/useResource";
 import { Card } from "../kit/Card";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 import { Readings } from "./Readings";
 
 /** Records whose shape only the robot knows: shown as they come. */

@@ -7,7 +7,7 @@ import { services } from "../services/resources";
 import { StateChip } from "../services/StateChip";
 import { isNotActive } from "../services/serviceState";
 import { allServices } from "../services/tree";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 
 // Each answer costs the daemon four commands: for a glance this is often enough.
 const servicesMs = 15_000;

@@ -1,5 +1,5 @@
 import type { AngleUnit } from "../settings/general";
-import { overview as texts } from "../texts/overview";
+import * as texts from "../texts/overview";
 
 /** An angle within half a turn either way, as people read it. */
 export function headingOf(phi: number): number {

@@ -4,7 +4,7 @@ import { Disclosure } from "../kit/Disclosure";
 import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
 import { GeometrySettings } from "../robotView/GeometrySettings";
-import { about as texts } from "../texts/about";
+import * as texts from "../texts/about";
 import { angleUnit, refreshFactor, theme } from "./general";
 import { SettingsFile } from "./SettingsFile";
 import "./settings.css";

@@ -3,7 +3,7 @@ import { Button } from "../kit/Button";
 import { confirm } from "../kit/questions";
 import { toast } from "../kit/toasts";
 import { saveText } from "../programs/saveText";
-import { about as texts } from "../texts/about";
+import * as texts from "../texts/about";
 import { exportSettings, importSettings, resetSettings } from "./settings";
 
 function take(text: string): void {

@@ -1,11 +1,9 @@
-export const kit = {
-  seconds: (count: number) => `${count} s`,
-  minutes: (count: number) => `${count} min`,
-  hours: (count: number) => `${count} h`,
-  old: (age: string) => `${age} old`,
-  noData: "no data yet",
-  now: "now",
-  chart: (labels: string) => `Chart over time: ${labels}`,
-  close: "Close",
-  cancel: "Cancel",
-};
+export const seconds = (count: number) => `${count} s`;
+export const minutes = (count: number) => `${count} min`;
+export const hours = (count: number) => `${count} h`;
+export const old = (age: string) => `${age} old`;
+export const noData = "no data yet";
+export const now = "now";
+export const chart = (labels: string) => `Chart over time: ${labels}`;
+export const close = "Close";
+export const cancel = "Cancel";

@@ -1,58 +1,57 @@
 import { formatNumber } from "../kit/format";
 
-export const overview = {
-  silent:
-    "The robot's readings have stopped. The daemon answers, but the robot behind it may be off or unreachable.",
-  around: "Around the robot",
-  pose: "Position and speed",
-  x: "x",
-  y: "y",
-  heading: "Heading",
-  speed: "Speed",
-  turning: "Turning",
-  metres: (value: number) => `${formatNumber(value)} m`,
-  metresPerSecond: (value: number) => `${formatNumber(value)} m/s`,
-  degrees: (value: number) => `${formatNumber(value, 1)}°`,
-  radians: (value: number) => `${formatNumber(value)} rad`,
-  perSecond: "/s",
-  way: "Way of the last 30 seconds",
-  speeds: { vx: "Ahead, m/s", vy: "Left, m/s", omega: "Turning, rad/s" },
-  bumper: "Bumper",
-  touching: "The robot touches something",
-  clear: "Nothing touches the robot",
-  power: "Battery",
-  voltage: "Voltage",
-  volts: (value: number) => `${formatNumber(value, 2)} V`,
-  amperes: (value: number) => `${formatNumber(value, 2)} A`,
-  celsius: (value: number) => `${formatNumber(value, 0)} °C`,
-  type: "Type",
-  supply: "Supply",
-  external: "external power",
-  fromBattery: "from the battery",
-  chargers: "Chargers",
-  low: "Battery low – charge the robot",
-  shutdown: (count: number) => `Battery low – the robot counts down to its shutdown: ${count}`,
-  charger: (number: number) => `Charger ${number}`,
-  state: "State",
-  current: "Charging current",
-  temperatures: "Battery temperatures",
-  noCharger: "The robot reports no charger.",
-  firmware: "Version",
-  program: "Program",
-  running: (name: string) => `${name} is running`,
-  noProgram: "No program is running.",
-  toPrograms: "Go to the programs",
-  services: "Services that are not active",
-  allActive: "All services are active.",
-  toServices: "Go to the services",
-  inputs: "Inputs",
-  analog: (number: number) => `Analog ${number}`,
-  digital: (number: number) => `Digital ${number}`,
-  on: "on",
-  off: "off",
-  records: "What else the robot tells",
-  controllerInfo: "Controller",
-  festoolCharger: "Charger of the battery pack",
-  noRecord: "The robot has sent none.",
-  toIo: "Go to the inputs and outputs",
-};
+export const silent =
+  "The robot's readings have stopped. The daemon answers, but the robot behind it may be off or unreachable.";
+export const around = "Around the robot";
+export const pose = "Position and speed";
+export const x = "x";
+export const y = "y";
+export const heading = "Heading";
+export const speed = "Speed";
+export const turning = "Turning";
+export const metres = (value: number) => `${formatNumber(value)} m`;
+export const metresPerSecond = (value: number) => `${formatNumber(value)} m/s`;
+export const degrees = (value: number) => `${formatNumber(value, 1)}°`;
+export const radians = (value: number) => `${formatNumber(value)} rad`;
+export const perSecond = "/s";
+export const way = "Way of the last 30 seconds";
+export const speeds = { vx: "Ahead, m/s", vy: "Left, m/s", omega: "Turning, rad/s" };
+export const bumper = "Bumper";
+export const touching = "The robot touches something";
+export const clear = "Nothing touches the robot";
+export const power = "Battery";
+export const voltage = "Voltage";
+export const volts = (value: number) => `${formatNumber(value, 2)} V`;
+export const amperes = (value: number) => `${formatNumber(value, 2)} A`;
+export const celsius = (value: number) => `${formatNumber(value, 0)} °C`;
+export const type = "Type";
+export const supply = "Supply";
+export const external = "external power";
+export const fromBattery = "from the battery";
+export const chargers = "Chargers";
+export const low = "Battery low – charge the robot";
+export const shutdown = (count: number) =>
+  `Battery low – the robot counts down to its shutdown: ${count}`;
+export const charger = (number: number) => `Charger ${number}`;
+export const state = "State";
+export const current = "Charging current";
+export const temperatures = "Battery temperatures";
+export const noCharger = "The robot reports no charger.";
+export const firmware = "Version";
+export const program = "Program";
+export const running = (name: string) => `${name} is running`;
+export const noProgram = "No program is running.";
+export const toPrograms = "Go to the programs";
+export const services = "Services that are not active";
+export const allActive = "All services are active.";
+export const toServices = "Go to the services";
+export const inputs = "Inputs";
+export const analog = (number: number) => `Analog ${number}`;
+export const digital = (number: number) => `Digital ${number}`;
+export const on = "on";
+export const off = "off";
+export const records = "What else the robot tells";
+export const controllerInfo = "Controller";
+export const festoolCharger = "Charger of the battery pack";
+export const noRecord = "The robot has sent none.";
+export const toIo = "Go to the inputs and outputs";
