@@ -1,0 +1,93 @@
+// Every page for every role, in both themes and on both widths: what it says, and that nobody complains.
+import assert from "node:assert/strict";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { after, before, test } from "node:test";
+import { complaintsOf, desk, keepPicture, openBrowser, openPage, phone } from "./support/browser.mjs";
+import { logIn } from "./support/people.mjs";
+import { RunningRobot } from "./support/programs.mjs";
+
+const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+
+const pages = {
+  overview: { heading: "Overview", needs: "guest" },
+  drive: { heading: "Drive", needs: "operator" },
+  io: { heading: "I/O", needs: "guest" },
+  programs: { heading: "Programs", needs: "guest" },
+  services: { heading: "Services", needs: "guest" },
+  network: { heading: "Network", needs: "guest" },
+  config: { heading: "Configuration", needs: "admin" },
+  about: { heading: "About", needs: "guest" },
+};
+const ranks = { guest: 0, operator: 1, admin: 2 };
+const serious = new Set(["serious", "critical"]);
+
+let robot;
+let browser;
+
+before(async () => {
+  robot = await RunningRobot.start();
+  browser = await openBrowser();
+});
+after(async () => {
+  await browser?.close();
+  await robot?.close();
+});
+
+/** axe-core's findings of weight, as lines that name rule and element. */
+async function findings(page) {
+  await page.evaluate(axe);
+  const { violations } = await page.evaluate(() => globalThis.axe.run(document));
+  return violations.filter(({ impact }) => serious.has(impact))
+    .flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html.slice(0, 150)}`));
+}
+
+async function showPage(page, name) {
+  await page.evaluate((hash) => { location.hash = hash; }, `#/${name}`);
+  await page.locator("h1", { hasText: pages[name].heading }).waitFor();
+  // Until the readings and lists of the page have come.
+  await page.waitForLoadState("networkidle", { timeout: 400 }).catch(() => {});
+}
+
+for (const [look, { viewport, theme }] of Object.entries({
+  "light-desk": { viewport: desk, theme: "light" },
+  "dark-desk": { viewport: desk, theme: "dark" },
+  "light-phone": { viewport: phone, theme: "light" },
+  "dark-phone": { viewport: phone, theme: "dark" },
+})) {
+  test(`no page has faults for an admin, ${look}`, async () => {
+    const page = await openPage(browser, robot, { viewport, theme });
+    await logIn(page, "admin");
+    for (const name of Object.keys(pages)) {
+      await showPage(page, name);
+      await keepPicture(page, `${name}-${look}`);
+      assert.deepEqual(await findings(page), [], name);
+      const overflow = await page.evaluate(() =>
+        document.documentElement.scrollWidth - document.documentElement.clientWidth);
+      assert.equal(overflow, 0, `${name} is wider than the window`);
+    }
+    assert.deepEqual(complaintsOf(page), []);
+    await page.context().close();
+  });
+}
+
+for (const role of ["guest", "operator", "admin"]) {
+  test(`the pages show the ${role} what that role may use`, async () => {
+    const page = await openPage(browser, robot);
+    if (role !== "guest") await logIn(page, role);
+    for (const [name, { needs }] of Object.entries(pages)) {
+      await showPage(page, name);
+      const isLocked = ranks[role] < ranks[needs];
+      const notice = page.locator("main").getByText(`needs ${needs === "admin" ? "an admin" : "an operator"}`);
+      if (isLocked) await notice.first().waitFor();
+      else assert.equal(await notice.count(), 0, `${name} is locked for the ${role}`);
+      await keepPicture(page, `${name}-${role}`);
+    }
+    const stop = page.getByRole("button", { name: "Stop drive" });
+    const login = page.getByRole("button", { name: "Log in to stop" });
+    assert.equal(await stop.count(), role === "guest" ? 0 : 1);
+    assert.equal(await login.count(), role === "guest" ? 1 : 0);
+    assert.deepEqual(complaintsOf(page), []);
+    await page.context().close();
+  });
+}
