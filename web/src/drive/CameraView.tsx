@@ -2,6 +2,7 @@ import { useComputed, useSignal } from "@preact/signals";
 import { useEffect, useState } from "preact/hooks";
 import { linkState } from "../data/link";
 import { pollingPaused } from "../data/scheduler";
+import { canOperate } from "../data/session";
 import { visible } from "../data/visibility";
 import { Icon } from "../kit/Icon";
 import { driveTexts as texts } from "../texts/drive";
@@ -13,7 +14,11 @@ const ageStepMs = 200;
 /** The newest picture of the camera, with its age; grey when it is old. */
 export function CameraView() {
   const isWanted = useComputed(
-    () => visible.value && linkState.value === "connected" && pollingPaused.value === undefined,
+    () =>
+      canOperate.value &&
+      visible.value &&
+      linkState.value === "connected" &&
+      pollingPaused.value === undefined,
   ).value;
   const [feed] = useState(() => new CameraFeed());
   const ageMs = useSignal(0);

@@ -5,7 +5,7 @@ import type { IconName } from "../kit/Icon";
 import { Toggle } from "../kit/Toggle";
 import { driveTexts as texts } from "../texts/drive";
 import { drive, driveLease, unlockDriving } from "./drive";
-import type { DriveModel, DriveState } from "./machine";
+import type { DriveState } from "./machine";
 import { SpeedChoice } from "./SpeedChoice";
 
 const looks: Record<DriveState, readonly [Tone, IconName]> = {
@@ -15,23 +15,7 @@ const looks: Record<DriveState, readonly [Tone, IconName]> = {
   stopping: ["warn", "square"],
 };
 
-function explanation({ state, reason }: DriveModel): string {
-  switch (state) {
-    case "stopping":
-      return texts.stopping;
-    case "armed":
-      return texts.armedHint;
-    case "driving":
-      return texts.drivingHint;
-    case "locked": {
-      const why = texts.reasons[reason ?? "start"];
-      const isUnconfirmed = drive.stopOutcome.value === "unconfirmed";
-      return isUnconfirmed && reason !== "unconfirmed" ? `${texts.unconfirmed} ${why}` : why;
-    }
-  }
-}
-
-/** The switch, the state in words and the speed. */
+/** The switch, the state and the speed. */
 export function DriveBar({ onUnlocked }: { onUnlocked: () => void }) {
   const model = drive.model.value;
   const [tone, icon] = looks[model.state];
@@ -62,9 +46,6 @@ export function DriveBar({ onUnlocked }: { onUnlocked: () => void }) {
         )}
       </div>
       <SpeedChoice />
-      <p class="reason" role="status">
-        {explanation(model)}
-      </p>
       {isOtherTab && (
         <p class="row">
           {texts.otherTab}

@@ -25,8 +25,8 @@ export function DrivePage() {
         <Stick kind="move" />
         <DriveStage element={stage} />
         <Stick kind="turn" />
+        <DriveReadings />
       </div>
-      <DriveReadings />
       <div class="more">
         <StepPad />
         <InputOptions gamepad={gamepad} />

@@ -28,8 +28,8 @@ export function DriveReadings() {
     return reading && [reading.vx, reading.vy, reading.omega];
   });
   return (
-    <>
-      <dl class="readings">
+    <div class="readings">
+      <dl>
         <div>
           <dt>{texts.commanded}</dt>
           <dd>{texts.velocity(drive.commanded.value)}</dd>
@@ -49,6 +49,6 @@ export function DriveReadings() {
           </>
         )}
       </p>
-    </>
+    </div>
   );
 }

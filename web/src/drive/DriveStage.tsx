@@ -2,6 +2,7 @@ import type { Ref } from "preact";
 import { RobotView } from "../robotView/RobotView";
 import { driveTexts as texts } from "../texts/drive";
 import { CameraView } from "./CameraView";
+import { DriveReason } from "./DriveReason";
 import { scene } from "./driveSettings";
 
 /** What the driver looks at, and what has the focus while the keyboard drives. */
@@ -11,6 +12,7 @@ export function DriveStage({ element }: { element: Ref<HTMLElement> }) {
     <section class={`stage ${shown}`} ref={element} tabIndex={-1} aria-label={texts.stage}>
       {shown !== "scan" && <CameraView />}
       {shown !== "camera" && <RobotView bare />}
+      <DriveReason />
     </section>
   );
 }

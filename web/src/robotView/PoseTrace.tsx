@@ -5,8 +5,8 @@ import { useResource } from "../data/useResource";
 import { Canvas } from "../kit/Canvas";
 import { robotViewTexts as texts } from "../texts/robotView";
 import { paintTrace } from "./paintTrace";
-import { traceChanges, traceLines } from "./traceRecord";
 import { lengthOf } from "./trace";
+import { traceChanges, traceLines } from "./traceRecord";
 import "./robotView.css";
 
 /** The way of the last 30 seconds as a map, with gaps where nothing was known. */

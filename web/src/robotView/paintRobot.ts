@@ -1,7 +1,7 @@
 import type { CanvasTheme } from "../kit/themes";
 import { robotViewTexts } from "../texts/robotView";
 import type { Point } from "./geometry";
-import { type Plan, robotPlan, scaleLength } from "./plan";
+import { type Plan, ringSpacing, robotPlan } from "./plan";
 import type { SensorReading } from "./sensorEchoes";
 import type { SensorGeometry } from "./sensorGeometry";
 import type { Surroundings } from "./surroundings";
@@ -44,7 +44,7 @@ function paintRings(
   reach: number,
 ): void {
   const { left, top } = plan.toPixels({ x: 0, y: 0 });
-  const spacing = scaleLength(plan.pixelsPerMetre, (reach * plan.pixelsPerMetre) / 2);
+  const spacing = ringSpacing(plan.pixelsPerMetre);
   context.lineWidth = 1;
   context.strokeStyle = theme.line;
   context.fillStyle = theme.muted;
@@ -94,10 +94,11 @@ function paintPoints(
   colour: string,
   points: readonly Point[],
 ): void {
+  const size = plan.pixelsPerMetre < 30 ? 2 : 3;
   context.fillStyle = colour;
   for (const point of points) {
     const { left, top } = plan.toPixels(point);
-    context.fillRect(left - 1.5, top - 1.5, 3, 3);
+    context.fillRect(left - size / 2, top - size / 2, size, size);
   }
 }
 

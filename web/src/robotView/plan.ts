@@ -60,8 +60,16 @@ export function floorPlan(width: number, height: number, bounds: Bounds): Plan {
   };
 }
 
+const lengths = [10, 5, 2, 1, 0.5, 0.2, 0.1] as const;
+const leastRingPixels = 40;
+
 // A length for the scale bar that is at most so many pixels long.
 export function scaleLength(pixelsPerMetre: number, mostPixels: number): number {
-  const lengths = [10, 5, 2, 1, 0.5, 0.2, 0.1];
   return lengths.find((length) => length * pixelsPerMetre <= mostPixels) ?? 0.05;
+}
+
+/** Between the rings around the robot, so that their labels have room. */
+export function ringSpacing(pixelsPerMetre: number): number {
+  const fits = (length: number) => length * pixelsPerMetre >= leastRingPixels;
+  return [...lengths].reverse().find(fits) ?? lengths[0];
 }

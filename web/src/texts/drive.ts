@@ -4,7 +4,7 @@ import type { DriveState, LockReason } from "../drive/machine";
 import type { Velocity } from "../drive/velocity";
 import { formatNumber } from "../kit/format";
 
-const unconfirmed = "Stop not confirmed – the robot stops by itself within 0.5 s.";
+const unconfirmed = "Stop not confirmed – the robot stops by itself within 0.5 s.";
 
 const states: Record<DriveState, string> = {
   locked: "Locked",
@@ -58,8 +58,7 @@ export const driveTexts = {
   frameProblems,
   keyMapNames,
   unlock: "Unlock driving",
-  armedHint: "Hold a stick, or Shift and a key, to drive. Letting go stops the robot.",
-  drivingHint: "Letting go stops the robot.",
+  armedHint: "Hold a stick, or Shift and a key, to drive.",
   slowLink: "Slow link: half speed",
   velocity: ([vx, vy, omega]: Velocity) =>
     `${formatNumber(vx)} m/s ahead, ${formatNumber(vy)} m/s left, ${formatNumber(omega)} rad/s`,
@@ -85,7 +84,7 @@ export const driveTexts = {
   cameraShared: "Each picture is sent once: two viewers share the pictures of the camera.",
   steps: {
     title: "Steps",
-    intro: "One press moves the robot slowly for 0.3 s.",
+    intro: "One press moves the robot slowly for 0.3 s.",
     unlockFirst: "Unlock driving first.",
     ahead: "Step ahead",
     back: "Step back",

@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { boundsOf, floorPlan, robotPlan, scaleLength } from "../../src/robotView/plan";
+import { boundsOf, floorPlan, ringSpacing, robotPlan, scaleLength } from "../../src/robotView/plan";
 import { lengthOf, Trace } from "../../src/robotView/trace";
 
 function point(time: number, x: number, y = 0) {
@@ -76,4 +76,11 @@ test("the scale bar is a round length that fits", () => {
   assert.equal(scaleLength(50, 120), 2);
   assert.equal(scaleLength(200, 120), 0.5);
   assert.equal(scaleLength(5000, 120), 0.05);
+});
+
+test("rings stand apart", () => {
+  assert.equal(ringSpacing(50), 1);
+  assert.equal(ringSpacing(22), 2);
+  assert.equal(ringSpacing(1000), 0.1);
+  assert.equal(ringSpacing(1), 10);
 });
