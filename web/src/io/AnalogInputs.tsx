@@ -27,7 +27,6 @@ export function AnalogInputs() {
           <AnalogChannel key={index} index={index} ring={ring} />
         ))}
       </div>
-      {count > 0 && <p class="hint">{texts.lastMinute}</p>}
     </Card>
   );
 }

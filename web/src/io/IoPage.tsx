@@ -18,21 +18,23 @@ export function IoPage() {
     <div class="io stack">
       <LoginHint>{texts.needsOperator}</LoginHint>
       <div class="switching">
-        <DigitalInputs />
+        <div class="stack">
+          <DigitalInputs />
+          <SwitchCard
+            title={texts.relays}
+            path="/data/relayarray"
+            count={2}
+            nameOf={texts.relay}
+            memory={relayMemory}
+            enabled={enabled}
+          />
+        </div>
         <SwitchCard
           title={texts.outputs}
           path="/data/digitaloutputarray"
           count={8}
           nameOf={texts.output}
           memory={outputMemory}
-          enabled={enabled}
-        />
-        <SwitchCard
-          title={texts.relays}
-          path="/data/relayarray"
-          count={2}
-          nameOf={texts.relay}
-          memory={relayMemory}
           enabled={enabled}
         />
       </div>

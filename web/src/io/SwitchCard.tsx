@@ -39,7 +39,7 @@ export function SwitchCard({ title, path, count, nameOf, memory, enabled }: Swit
   return (
     <Card title={title}>
       {state === undefined ? (
-        <ul class="channels">
+        <ul class="channels loose">
           {names.map((name) => (
             <li key={name}>
               {name} <Chip tone="neutral">{texts.unknown}</Chip>

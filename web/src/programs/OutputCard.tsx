@@ -52,7 +52,10 @@ export function OutputCard() {
           {frozen ? texts.resume : texts.pause}
         </Button>
         <Button
+          class="bare"
           icon="download"
+          title={texts.saveOutput}
+          aria-label={texts.saveOutput}
           disabled={entries.length === 0}
           onClick={() =>
             saveText(
@@ -60,9 +63,7 @@ export function OutputCard() {
               outputText(entries, { gap: texts.gap, start: texts.restart }),
             )
           }
-        >
-          {texts.saveOutput}
-        </Button>
+        />
       </div>
       {entries.length === 0 ? (
         <Empty icon="programs">{isFiltered ? texts.noMatch : texts.noOutput}</Empty>

@@ -31,8 +31,12 @@ function State({ program }: { program: Program }) {
   );
 }
 
+function isRenamed(program: Program): boolean {
+  return renaming.value === fileNameOf(program) && !program.running;
+}
+
 function Name({ program, all }: { program: Program; all: readonly Program[] }) {
-  if (renaming.value === fileNameOf(program) && !program.running) {
+  if (isRenamed(program)) {
     return (
       <RenameForm
         program={program}
@@ -59,15 +63,16 @@ export function ProgramCard({ enabled }: { enabled: boolean }) {
     {
       title: texts.actions,
       align: "end" as const,
-      cell: (program: Program) => (
-        <ProgramButtons
-          program={program}
-          enabled={enabled}
-          onRename={() => {
-            renaming.value = fileNameOf(program);
-          }}
-        />
-      ),
+      cell: (program: Program) =>
+        !isRenamed(program) && (
+          <ProgramButtons
+            program={program}
+            enabled={enabled}
+            onRename={() => {
+              renaming.value = fileNameOf(program);
+            }}
+          />
+        ),
     },
   ];
   return (

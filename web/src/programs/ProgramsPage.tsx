@@ -17,13 +17,13 @@ export function ProgramsPage() {
   const enabled = canOperate.value && linkState.value === "connected";
   return (
     <div class="programs">
+      <LoginHint>{texts.needsOperator}</LoginHint>
       <div class="stack">
-        <LoginHint>{texts.needsOperator}</LoginHint>
         <ProgramCard enabled={enabled} />
-        <UploadCard enabled={enabled} />
+        <OutputCard />
       </div>
       <div class="stack">
-        <OutputCard />
+        <UploadCard enabled={enabled} />
         <VariablesCard />
       </div>
     </div>

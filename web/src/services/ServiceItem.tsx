@@ -65,20 +65,20 @@ export function ServiceItem({ row, rights }: { row: ServiceRow; rights: Rights }
     <li class={indented ? "instance" : undefined}>
       <h3>{service.name}</h3>
       <StateChip service={service} />
+      {!isTemplate(service.name) && (
+        <Button
+          class="bare"
+          icon={open ? "up" : "down"}
+          aria-expanded={open}
+          aria-label={texts.statusOf(service.name)}
+          onClick={() => setOpen(!open)}
+        >
+          {texts.status}
+        </Button>
+      )}
       <div class="actions">
         <BootSwitch service={service} mayActivate={rights.mayActivate} />
         <RunButtons service={service} mayRun={rights.mayRun} />
-        {!isTemplate(service.name) && (
-          <Button
-            class="bare"
-            icon={open ? "up" : "down"}
-            aria-expanded={open}
-            aria-label={texts.statusOf(service.name)}
-            onClick={() => setOpen(!open)}
-          >
-            {texts.status}
-          </Button>
-        )}
       </div>
       {open && <StatusDrawer name={service.name} trigger={`${service.active} ${service.sub}`} />}
     </li>

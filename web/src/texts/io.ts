@@ -9,7 +9,6 @@ export const on = "on";
 export const off = "off";
 export const unknown = "unknown";
 export const noInputs = "The robot tells no inputs.";
-export const lastMinute = "The last 60 seconds.";
 
 export const cannotAsk = "The robot can't be asked how its outputs stand.";
 export const unknownHint = (count: number) =>

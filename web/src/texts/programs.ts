@@ -52,7 +52,7 @@ export const pause = "Pause";
 export const resume = "Resume";
 export const paused = (count: number) => `paused, new lines: ${count}`;
 export const lines = (count: number) => `Lines: ${count}`;
-export const saveOutput = "Save";
+export const saveOutput = "Save output";
 
 export const variables = "Variables";
 export const value = "Value";
