@@ -16,7 +16,7 @@ export function Notices() {
         {since !== undefined && (
           <p class="notice lost">
             <Icon name="unlink" />
-            {texts.lostTitle(formatTime(since))}
+            <span>{texts.lostTitle(formatTime(since))}</span>
           </p>
         )}
       </div>
@@ -24,13 +24,13 @@ export function Notices() {
         {paused !== undefined && (
           <p class="notice">
             <Icon name="pause" />
-            {paused}
+            <span>{paused}</span>
           </p>
         )}
         {sessionEnded.value && (
           <p class="notice">
             <Icon name="lock" />
-            {texts.ended}
+            <span>{texts.ended}</span>
             <Button onClick={() => openLogin()}>{texts.logIn}</Button>
             <Button onClick={acknowledgeEnd}>{texts.stayGuest}</Button>
           </p>

@@ -40,7 +40,8 @@ export function BatteryChip() {
   const state = power.value.value;
   const isOld = power.freshness.value !== "fresh";
   const icon = state?.extPower ? "charging" : "battery";
-  if (state === undefined) {
+  // Without the robot the daemon tells zeros.
+  if (state === undefined || state.voltage === 0) {
     return (
       <Chip tone="neutral" icon="battery">
         <span class="unseen">{texts.batteryLabel("")}</span>

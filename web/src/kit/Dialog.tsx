@@ -27,6 +27,14 @@ export function Dialog({ title, onClose, actions, children, blocking, wide }: Di
     const dialog = element.current;
     const before = document.activeElement;
     dialog?.showModal();
+    // The first control would be the companion or the cross: neither is what the dialog is about.
+    for (const wanted of ["[autofocus]", "footer button", "h2"]) {
+      const target = dialog?.querySelector<HTMLElement>(wanted);
+      if (target) {
+        target.focus();
+        break;
+      }
+    }
     return () => {
       dialog?.close();
       if (before instanceof HTMLElement) {
@@ -48,7 +56,7 @@ export function Dialog({ title, onClose, actions, children, blocking, wide }: Di
       }}
     >
       <header>
-        <h2 id={id}>{title}</h2>
+        <h2 id={id} tabIndex={-1}>{title}</h2>
         {Companion && <Companion />}
         {!blocking && (
           <button type="button" class="button plain bare" aria-label={kit.close} onClick={onClose}>

@@ -66,7 +66,7 @@ export const loginRole = "Role";
 export const loginPassword = "Password";
 export const loginWrong = "That is not the password of this role. Nothing has changed.";
 export const loginUnreachable = "The robot did not answer. Try again.";
-export const loggedInAs = (name: string) => `You are logged in as ${name.toLowerCase()}.`;
+export const loggedInAs = (name: string) => `Your role now: ${name.toLowerCase()}`;
 export const loginNeedless = "No role needs a password on this robot: everybody is admin.";
 export const logOut = "Log out";
 export const loggedOut = "Logged out";
