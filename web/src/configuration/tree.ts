@@ -1,14 +1,11 @@
 import { arrayOf, asString, field } from "../data/decode";
+import { decodeField, type FieldNode } from "./fieldNode";
 
-export interface ConfigLeaf {
+export interface ConfigLeaf extends FieldNode {
   /** What tells the leaf from all others, also in a later answer. */
   readonly key: string;
   readonly file: string;
   readonly group: string;
-  readonly name: string;
-  readonly value: string;
-  /** Undefined for a free text. */
-  readonly choices: readonly string[] | undefined;
 }
 
 export interface ConfigGroup {
@@ -25,14 +22,10 @@ export interface ConfigFile {
 function decodeLeaf(json: unknown): ConfigLeaf | undefined {
   const file = asString(field(json, "file"));
   const group = asString(field(json, "group"));
-  const name = asString(field(json, "name"));
-  const value = asString(field(json, "value"));
-  if (file === undefined || group === undefined || name === undefined || value === undefined) {
-    return undefined;
-  }
-  const choices =
-    field(json, "type") === "select" ? (arrayOf(field(json, "params"), asString) ?? []) : undefined;
-  return { key: JSON.stringify([file, group, name]), file, group, name, value, choices };
+  const node = decodeField(json);
+  return file === undefined || group === undefined || node === undefined
+    ? undefined
+    : { ...node, key: JSON.stringify([file, group, node.name]), file, group };
 }
 
 /** Of a key that a file holds twice the last one is in force, and a write changes both alike. */

@@ -23,13 +23,12 @@ export function NetworkCard({ form, mayRead, children }: NetworkCardProps) {
   const connected = linkState.value === "connected";
   const enabled = connected && canAdminister.value;
   useEffect(() => {
-    if (!mayRead) {
-      form.forget();
-    } else if (connected) {
+    if (mayRead && connected) {
       void form.load();
     }
   }, [form, mayRead, connected]);
-  const tree = form.tree.value;
+  // Who lost the role finds the edits again after the next login.
+  const tree = mayRead ? form.tree.value : undefined;
   return (
     <Card title={texts.title[form.network]} aside={children}>
       {mayRead && tree === undefined && (
@@ -46,7 +45,7 @@ export function NetworkCard({ form, mayRead, children }: NetworkCardProps) {
         </fieldset>
       ))}
       <EditBar
-        count={form.changes.value.length}
+        count={mayRead ? form.changes.value.length : 0}
         isValid={form.findings.value.errors.length === 0}
         enabled={enabled}
         action={texts.review}

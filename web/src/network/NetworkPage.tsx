@@ -41,13 +41,12 @@ export function NetworkPage() {
     };
   }, []);
   const hardware = useResource(wirelessHardware).value.value;
-  const hint = canOperate.value ? texts.needsAdmin : texts.needsOperator;
   return (
     <div class="editing network stack">
       {!canAdminister.value && (
         <p class="row">
-          {texts.needsAdmin} {!canOperate.value && texts.needsOperator}
-          <Button icon="user" onClick={() => openLogin(hint)}>
+          {texts.needsLogin}
+          <Button icon="user" onClick={() => openLogin(texts.needsLogin)}>
             {texts.logIn}
           </Button>
         </p>

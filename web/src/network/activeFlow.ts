@@ -28,16 +28,6 @@ async function readMessage(form: NetworkForm): Promise<string | undefined> {
   return outcome.state === "answer" ? asString(field(outcome.value, "message")) : undefined;
 }
 
-/** The network has only just come up: a first question may get lost. */
-async function readMessagePatiently(form: NetworkForm): Promise<string | undefined> {
-  let message = await readMessage(form);
-  for (let tries = 1; message === undefined && tries < 10; tries += 1) {
-    await wait(1000);
-    message = await readMessage(form);
-  }
-  return message;
-}
-
 function wait(milliseconds: number): Promise<void> {
   return new Promise((resolve) => setTimeout(resolve, milliseconds));
 }
@@ -121,7 +111,12 @@ export async function keepLast(form: NetworkForm): Promise<void> {
 
 /** Goes on with what the page at the old address began. */
 export async function resume(form: NetworkForm, { until, from, oldText, dns }: HandedFlow) {
-  const message = await readMessagePatiently(form);
+  let message: string | undefined;
+  // The network has only just come up: the first questions may get lost.
+  for (let tries = 0; message === undefined && tries < 10; tries += 1) {
+    await wait(tries === 0 ? 0 : 1000);
+    message = await readMessage(form);
+  }
   await form.load();
   const sent = inForce(form, dns === "" ? {} : { "wlan0/dns": dns });
   const isOldText = fingerprint(message ?? "") === oldText;

@@ -1,12 +1,9 @@
-import { arrayOf, asRecord, asString, field } from "../data/decode";
+import { decodeField, type FieldNode } from "../configuration/fieldNode";
+import { arrayOf, asString, field } from "../data/decode";
 
 export type Network = "eth" | "wlan";
 
-export interface Leaf {
-  readonly name: string;
-  readonly value: string;
-  /** Empty for a free text. */
-  readonly choices: readonly string[] | undefined;
+export interface Leaf extends FieldNode {
   /** The words for which the leaf counts; undefined where it always does. */
   readonly tag: readonly string[] | undefined;
 }
@@ -28,23 +25,13 @@ export function keyOf(device: string, leafName: string): string {
 }
 
 function decodeLeaf(json: unknown): Leaf | undefined {
-  const name = asString(field(json, "name"));
-  const value = asString(field(json, "value"));
-  if (name === undefined || value === undefined) {
-    return undefined;
-  }
-  const isSelect = field(json, "type") === "select";
+  const node = decodeField(json);
   const tag = asString(field(json, "tag"));
-  return {
-    name,
-    value,
-    choices: isSelect ? (arrayOf(field(json, "params"), asString) ?? []) : undefined,
-    tag: tag === undefined ? undefined : tag.split(",").map((word) => word.trim()),
-  };
+  return node && { ...node, tag: tag?.split(",").map((word) => word.trim()) };
 }
 
 function decodeInterface(json: unknown): InterfaceNode | undefined {
-  const name = asString(field(asRecord(json), "name"));
+  const name = asString(field(json, "name"));
   const leaves = arrayOf(field(json, "_children"), decodeLeaf);
   return name === undefined || leaves === undefined ? undefined : { name, leaves };
 }

@@ -55,11 +55,13 @@ const ends: Readonly<Record<End, string>> = {
   silent: "The script has printed nothing new. What it did isn't known.",
 };
 
+const answers = "The robot answers at ";
+
 export const reaches: Readonly<Record<Reach, string>> = {
   unknown: "Looking for the robot…",
-  old: "The robot answers at this address.",
-  new: "The robot answers at the new address.",
-  both: "The robot answers at this and at the new address.",
+  old: `${answers}this address.`,
+  new: `${answers}the new address.`,
+  both: `${answers}this and the new address.`,
   nowhere:
     "The robot answers nowhere. Should it stay away, connect a cable or join its new network. It takes back settings on trial by itself.",
 };
@@ -110,8 +112,8 @@ export const wirelessServers =
   "The robot never shows these. Type them with every change, or they are removed.";
 export const openNetwork = "Empty for an open network.";
 
-export const needsOperator = "Operators and admins can see the wireless settings.";
-export const needsAdmin = "Only an admin can change these settings.";
+export const needsLogin =
+  "Operators see the wireless settings too, and only an admin can change settings.";
 export const logIn = "Log in";
 export const noHardware = "No wireless hardware found";
 export const review = "Review and apply";
