@@ -56,7 +56,9 @@ export function Dialog({ title, onClose, actions, children, blocking, wide }: Di
       }}
     >
       <header>
-        <h2 id={id} tabIndex={-1}>{title}</h2>
+        <h2 id={id} tabIndex={-1}>
+          {title}
+        </h2>
         {Companion && <Companion />}
         {!blocking && (
           <button type="button" class="button plain bare" aria-label={kit.close} onClick={onClose}>
