@@ -1,10 +1,11 @@
 import { linkState } from "../data/link";
+import { pollingPaused } from "../data/scheduler";
 import { Button } from "../kit/Button";
 import { Chip, type Tone } from "../kit/Chip";
 import type { IconName } from "../kit/Icon";
 import { Toggle } from "../kit/Toggle";
 import { driveTexts as texts } from "../texts/drive";
-import { drive, driveLease, unlockDriving } from "./drive";
+import { drive, lockOtherTabs } from "./drive";
 import type { DriveState } from "./machine";
 import { SpeedChoice } from "./SpeedChoice";
 
@@ -19,14 +20,21 @@ const looks: Record<DriveState, readonly [Tone, IconName]> = {
 export function DriveBar({ onUnlocked }: { onUnlocked: () => void }) {
   const model = drive.model.value;
   const [tone, icon] = looks[model.state];
-  const change = (isWanted: boolean, takeOver = false) => {
+  const change = (isWanted: boolean) => {
     if (!isWanted) {
       drive.lock("switch");
-    } else if (unlockDriving(takeOver) && drive.model.peek().state === "armed") {
+      return;
+    }
+    drive.unlock();
+    if (drive.model.peek().state === "armed") {
       onUnlocked();
     }
   };
-  const isOtherTab = driveLease.holder.value === "other";
+  const takeOver = () => {
+    lockOtherTabs();
+    change(true);
+  };
+  const isOtherTab = pollingPaused.value !== undefined;
   return (
     <div class="bar">
       <div class="switch">
@@ -34,7 +42,7 @@ export function DriveBar({ onUnlocked }: { onUnlocked: () => void }) {
           label={texts.unlock}
           checked={model.state !== "locked"}
           disabled={linkState.value === "lost" || isOtherTab}
-          onChange={(isWanted) => change(isWanted)}
+          onChange={change}
         />
         <Chip tone={tone} icon={icon}>
           {texts.states[model.state]}
@@ -49,7 +57,7 @@ export function DriveBar({ onUnlocked }: { onUnlocked: () => void }) {
       {isOtherTab && (
         <p class="row">
           {texts.otherTab}
-          <Button onClick={() => change(true, true)}>{texts.takeOver}</Button>
+          <Button onClick={takeOver}>{texts.takeOver}</Button>
         </p>
       )}
     </div>

@@ -13,7 +13,7 @@ import { driveTexts } from "../texts/drive";
 import { robotViewTexts } from "../texts/robotView";
 import { type DriveScene, maxima, scene, stickSide } from "./driveSettings";
 import { robotLimits } from "./robotLimits";
-import { leastMaximum, mostMaximum } from "./speedLimits";
+import { maximumBounds } from "./speedLimits";
 import type { Maxima } from "./velocity";
 
 const texts = driveTexts.options;
@@ -81,8 +81,7 @@ export function DriveOptions() {
             key={key}
             label={label}
             value={maxima.value[key]}
-            least={leastMaximum}
-            most={mostMaximum}
+            bounds={maximumBounds}
             onChange={(value) => {
               maxima.value = { ...maxima.peek(), [key]: value };
             }}

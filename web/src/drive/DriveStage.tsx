@@ -4,6 +4,7 @@ import { driveTexts as texts } from "../texts/drive";
 import { CameraView } from "./CameraView";
 import { DriveReason } from "./DriveReason";
 import { scene } from "./driveSettings";
+import "./stage.css";
 
 /** What the driver looks at, and what has the focus while the keyboard drives. */
 export function DriveStage({ element }: { element: Ref<HTMLElement> }) {

@@ -5,6 +5,7 @@ import { driveTexts as texts } from "../texts/drive";
 import { drive } from "./drive";
 import { knobPlace, stickDeflection } from "./stickMath";
 import { useHold } from "./useHold";
+import "./stick.css";
 
 const middle = { right: 0, below: 0 };
 

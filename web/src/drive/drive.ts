@@ -1,13 +1,12 @@
 import { effect } from "@preact/signals";
 import { linkState } from "../data/link";
 import { addressOf, write } from "../data/requests";
-import { setDriving } from "../data/scheduler";
+import { pollingPaused, setDriving } from "../data/scheduler";
 import { canOperate, openLogin, refreshRole, role } from "../data/session";
 import { toast } from "../kit/toasts";
 import { driveTexts } from "../texts/drive";
 import { systemClock } from "./clock";
 import { DriveControl } from "./driveControl";
-import { DriveLease, openLeaseChannel } from "./driveLease";
 import { maxima, speedScale } from "./driveSettings";
 import { halved } from "./speedLimits";
 
@@ -25,15 +24,17 @@ export const drive = new DriveControl({
   },
 });
 
-export const driveLease = new DriveLease(
-  crypto.getRandomValues(new Uint32Array(2)).join("-"),
-  systemClock,
-  openLeaseChannel(),
-  {
-    lost: () => drive.lock("otherTab"),
-    stopWanted: () => drive.lock("otherTab"),
-  },
-);
+// All tabs of a browser hear of it when one of them takes over or stops the robot.
+const otherTabs =
+  typeof BroadcastChannel === "undefined" ? undefined : new BroadcastChannel("tessarad.driveLock");
+if (otherTabs !== undefined) {
+  otherTabs.onmessage = () => drive.lock("otherTab");
+}
+
+/** Else the next command of another tab would undo what this one does. */
+export function lockOtherTabs(): void {
+  otherTabs?.postMessage("lock");
+}
 
 // A refusal doesn't say why.
 async function explainRefusal(): Promise<void> {
@@ -46,23 +47,12 @@ async function explainRefusal(): Promise<void> {
   }
 }
 
-/** The switch: false where another tab of this browser drives. */
-export function unlockDriving(takeOver = false): boolean {
-  if (!driveLease.take(takeOver)) {
-    return false;
-  }
-  drive.unlock();
-  if (drive.model.peek().state === "locked") {
-    driveLease.release();
-  }
-  return true;
-}
+effect(() => setDriving(drive.model.value.state !== "locked"));
 
+// That polling is paused means that another tab is unlocked.
 effect(() => {
-  const isLocked = drive.model.value.state === "locked";
-  setDriving(!isLocked);
-  if (isLocked) {
-    driveLease.release();
+  if (pollingPaused.value !== undefined) {
+    drive.lock("otherTab");
   }
 });
 

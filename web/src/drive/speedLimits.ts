@@ -14,8 +14,8 @@ export const stepShare = 0.2;
 /** Of everything, while the link is slow. */
 export const slowLinkShare = 0.5;
 
-export const leastMaximum = 0.02;
-export const mostMaximum = 10;
+export const maximumBounds = [0.02, 10] as const;
+const [leastMaximum, mostMaximum] = maximumBounds;
 
 function isMaximum(value: unknown): value is number {
   return typeof value === "number" && value >= leastMaximum && value <= mostMaximum;

@@ -3,19 +3,15 @@ import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
 import { robotViewTexts } from "../texts/robotView";
 import { NumberInput } from "./NumberInput";
-import { defaultSensorGeometry, type SensorGeometry } from "./sensorGeometry";
+import {
+  boundedKeys,
+  defaultSensorGeometry,
+  geometryBounds,
+  type SensorGeometry,
+} from "./sensorGeometry";
 import { sensorGeometry } from "./viewSettings";
 
 const texts = robotViewTexts.geometry;
-
-type NumberKey = "startAngleDeg" | "sensorRange" | "robotRadius" | "scannerAngleDeg";
-
-const numbers: readonly (readonly [NumberKey, string, number, number])[] = [
-  ["startAngleDeg", texts.startAngle, -360, 360],
-  ["sensorRange", texts.sensorRange, 0.01, 20],
-  ["robotRadius", texts.radius, 0.05, 2],
-  ["scannerAngleDeg", texts.scannerAngle, -360, 360],
-];
 
 function change(part: Partial<SensorGeometry>): void {
   sensorGeometry.value = { ...sensorGeometry.peek(), ...part };
@@ -27,13 +23,12 @@ export function GeometrySettings() {
   return (
     <div class="geometry-settings">
       <p>{texts.intro}</p>
-      {numbers.map(([key, label, least, most]) => (
+      {boundedKeys.map((key) => (
         <NumberInput
           key={key}
-          label={label}
+          label={texts[key]}
           value={geometry[key]}
-          least={least}
-          most={most}
+          bounds={geometryBounds[key]}
           onChange={(value) => change({ [key]: value })}
         />
       ))}

@@ -22,22 +22,26 @@ export const defaultSensorGeometry: SensorGeometry = {
   scannerAngleDeg: 0,
 };
 
-function isWithin(value: unknown, least: number, most: number): boolean {
-  return typeof value === "number" && value >= least && value <= most;
-}
+/** What the numbers may be that people choose. */
+export const geometryBounds = {
+  startAngleDeg: [-360, 360],
+  sensorRange: [0.01, 20],
+  robotRadius: [0.05, 2],
+  scannerAngleDeg: [-360, 360],
+} as const;
+
+export type BoundedKey = keyof typeof geometryBounds;
+export const boundedKeys = Object.keys(geometryBounds) as BoundedKey[];
 
 /** Undefined for whatever is no geometry of a robot. */
 export function asSensorGeometry(value: unknown): SensorGeometry | undefined {
-  if (typeof value !== "object" || value === null) {
-    return undefined;
-  }
-  const it = value as Partial<Record<keyof SensorGeometry, unknown>>;
+  const it = value as SensorGeometry | undefined | null;
   const fits =
-    isWithin(it.startAngleDeg, -360, 360) &&
-    (it.direction === "left" || it.direction === "right") &&
-    isWithin(it.metresPerUnit, 0.0001, 10) &&
-    isWithin(it.sensorRange, 0.01, 20) &&
-    isWithin(it.robotRadius, 0.05, 2) &&
-    isWithin(it.scannerAngleDeg, -360, 360);
-  return fits ? (value as SensorGeometry) : undefined;
+    (it?.direction === "left" || it?.direction === "right") &&
+    [1, 0.01, 0.001].includes(it.metresPerUnit) &&
+    boundedKeys.every((key) => {
+      const [least, most] = geometryBounds[key];
+      return typeof it[key] === "number" && it[key] >= least && it[key] <= most;
+    });
+  return fits ? it : undefined;
 }
