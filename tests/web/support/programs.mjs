@@ -41,10 +41,14 @@ async function stop(child, signal = "SIGTERM") {
 
 /** A robot with its daemon and its page: what `make run` starts, on free ports, in a temporary folder. */
 export class RunningRobot {
-  /** settings replaces lines of the demo's configuration: {"operator": "x"} makes it `operator=x`. */
-  static async start({ settings = {}, world } = {}) {
+  /**
+   * settings replaces lines of the demo's configuration: {"operator": "x"} makes it `operator=x`. With
+   * slowStatusSeconds each status of a service takes so long.
+   */
+  static async start({ settings = {}, world, slowStatusSeconds } = {}) {
     const robot = new RunningRobot();
     robot.prepare(settings);
+    if (slowStatusSeconds) robot.slowStatusDown(slowStatusSeconds);
     await robot.startSimulator(world);
     await robot.startDaemon();
     return robot;
@@ -74,6 +78,13 @@ export class RunningRobot {
     for (const name of readdirSync(path.join(root, "demo/programs"))) {
       copyFileSync(path.join(root, "demo/programs", name), path.join(this.programs, name));
     }
+  }
+
+  slowStatusDown(seconds) {
+    this.commandFolder = path.join(this.base, "commands");
+    mkdirSync(this.commandFolder);
+    writeFileSync(path.join(this.commandFolder, "systemctl"),
+      `#!/bin/sh\nsleep ${seconds}\necho slow\n`, { mode: 0o755 });
   }
 
   async startSimulator(world) {
@@ -110,7 +121,8 @@ export class RunningRobot {
   }
 
   environment() {
-    const standIns = [path.join(scripts, "service-stand-ins"), path.join(scripts, "stand-ins")];
+    const standIns = [...(this.commandFolder ? [this.commandFolder] : []),
+      path.join(scripts, "service-stand-ins"), path.join(scripts, "stand-ins")];
     return { ...process.env, TESSARAD_DEMO_RUN: this.folder,
       PATH: `${standIns.join(":")}:${process.env.PATH}` };
   }

@@ -1,0 +1,191 @@
+// Driving from the page, judged by the commands that the simulated robot has received.
+import assert from "node:assert/strict";
+import { after, afterEach, before, beforeEach, test } from "node:test";
+import { complaintsOf, openBrowser, openPage } from "./support/browser.mjs";
+import { deadline, waitFor } from "./support/deadlines.mjs";
+import { goTo, logIn, pushStickAhead, unlockDrive } from "./support/people.mjs";
+import { RunningRobot } from "./support/programs.mjs";
+
+// The daemon's watchdog stops the robot when it hears nothing for so long.
+const watchdogMs = 400;
+// From the moment that a person lets go, a page is hidden or a link breaks.
+const stopMs = 600;
+const quietMs = 1000;
+
+let robot;
+let browser;
+let page;
+
+before(async () => {
+  browser = await openBrowser();
+});
+after(() => browser?.close());
+beforeEach(async () => {
+  robot = await RunningRobot.start({ slowStatusSeconds: 0.4 });
+  page = await openPage(browser, robot);
+  await logIn(page, "operator");
+});
+afterEach(async () => {
+  await page.context().close();
+  await robot.close();
+});
+
+const velocities = () => robot.commands().filter(({ method }) => method === "omniDrive.setVelocity");
+const isZero = ({ params: { vx, vy, omega } }) => vx === 0 && vy === 0 && omega === 0;
+const sleep = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
+// The simulated robot's clock is the machine's monotonic one, as is this.
+const now = () => Number(process.hrtime.bigint()) / 1e6;
+
+async function driveAWhile() {
+  await unlockDrive(page);
+  await pushStickAhead(page);
+  await waitFor("the robot to move", () => velocities().some((command) => command.params.vx > 0.05));
+}
+
+/** After the moment there is a zero in time, and nothing but zeros until the end, which are soon over. */
+async function assertStopped(moment) {
+  await waitFor("a zero", () => velocities().some((each) => each.timeMs >= moment && isZero(each)));
+  await sleep(quietMs);
+  const later = velocities().filter(({ timeMs }) => timeMs >= moment);
+  const firstZero = later.find(isZero);
+  assert.ok(firstZero.timeMs - moment <= deadline(stopMs / 2),
+    `the zero came after ${firstZero.timeMs - moment} ms`);
+  const after = later.filter(({ timeMs }) => timeMs > firstZero.timeMs);
+  assert.deepEqual(after.filter((command) => !isZero(command)), []);
+  const count = velocities().length;
+  await sleep(quietMs);
+  assert.equal(velocities().length, count, "the page goes on sending");
+}
+
+test("ten seconds of driving have no gap, beside slow requests and a second tab", async () => {
+  const second = await openPage(browser, robot, { context: page.context(), hash: "#/services" });
+  await page.bringToFront();
+  let isDriving = true;
+  const slow = Array.from({ length: 20 }, async () => {
+    while (isDriving) await (await fetch(`${robot.address}data/servicestatus/x`)).text();
+  });
+  await driveAWhile();
+  const begin = now();
+  const { x, y, width, height } = await page.locator("[data-stick=move]").boundingBox();
+  while (now() - begin < 10_000) {
+    const turn = (now() - begin) / 1000;
+    await page.mouse.move(x + width * (0.5 + 0.3 * Math.sin(turn)), y + height * 0.2);
+    await sleep(50);
+  }
+  const end = now();
+  await page.mouse.up();
+  isDriving = false;
+  await Promise.all(slow);
+  const times = velocities().map(({ timeMs }) => timeMs)
+    .filter((time) => time >= begin - watchdogMs && time <= end);
+  const gaps = times.slice(1).map((time, index) => time - times[index]);
+  assert.ok(times.length > 50, `${times.length} commands`);
+  assert.ok(Math.max(...gaps) <= watchdogMs, `the longest gap was ${Math.max(...gaps)} ms`);
+  await assertStopped(end);
+  assert.deepEqual([...complaintsOf(page), ...complaintsOf(second)], []);
+});
+
+test("letting go stops the robot", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.mouse.up();
+  await assertStopped(moment);
+  await page.getByText("Ready", { exact: true }).waitFor();
+});
+
+test("the stop button stops the robot and locks the drive", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.keyboard.press("Escape");
+  await assertStopped(moment);
+  await page.getByText("Locked", { exact: true }).waitFor();
+  await page.mouse.up();
+});
+
+test("a hidden page stops the robot", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.evaluate(() => {
+    Object.defineProperty(document, "visibilityState", { value: "hidden", configurable: true });
+    Object.defineProperty(document, "hidden", { value: true, configurable: true });
+    document.dispatchEvent(new Event("visibilitychange"));
+  });
+  await assertStopped(moment);
+  await page.mouse.up();
+});
+
+test("another window in front stops the robot", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.evaluate(() => window.dispatchEvent(new Event("blur")));
+  await assertStopped(moment);
+  await page.getByText("Locked", { exact: true }).waitFor();
+  await page.mouse.up();
+});
+
+test("another page of the interface stops the robot", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.evaluate(() => { location.hash = "#/about"; });
+  await assertStopped(moment);
+  await page.mouse.up();
+});
+
+test("a closed tab stops the robot", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.close();
+  await assertStopped(moment);
+});
+
+test("a link that breaks stops the robot and locks the drive", async () => {
+  await driveAWhile();
+  const moment = now();
+  await page.context().setOffline(true);
+  await assertStopped(moment);
+  await page.getByText("Locked", { exact: true }).waitFor();
+  await page.mouse.up();
+  await page.context().setOffline(false);
+});
+
+test("a daemon that dies is told and locks the drive, and its return needs a login", async () => {
+  await driveAWhile();
+  await robot.killDaemon();
+  const killed = now();
+  await page.getByText(/No connection to robot since/).waitFor({ timeout: deadline(3000) });
+  await page.getByText("Locked", { exact: true }).waitFor({ timeout: deadline(3000) });
+  assert.ok(now() - killed <= deadline(3000));
+  await page.mouse.up();
+  await robot.startDaemon();
+  await page.getByText(/Session ended/).first().waitFor({ timeout: deadline(10_000) });
+  assert.equal(await page.getByText(/No connection to robot since/).count(), 0);
+});
+
+test("the keyboard drives while Shift is held", async () => {
+  await unlockDrive(page);
+  await page.evaluate(() => document.activeElement?.blur());
+  await page.keyboard.down("Shift");
+  await page.keyboard.down("w");
+  await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.05));
+  const moment = now();
+  await page.keyboard.up("Shift");
+  await assertStopped(moment);
+});
+
+test("a step moves the robot for a moment", async () => {
+  await unlockDrive(page);
+  await page.getByText("Steps", { exact: true }).click();
+  await page.getByRole("button", { name: "Turn left a little" }).click();
+  await waitFor("a turn", () => velocities().some(({ params }) => params.omega > 0));
+  const begin = velocities().find(({ params }) => params.omega > 0).timeMs;
+  await assertStopped(begin + 1);
+});
+
+test("a page that is open but does not drive leaves the robot to programs", async () => {
+  await unlockDrive(page);
+  const count = velocities().length;
+  await sleep(quietMs);
+  await goTo(page, "overview");
+  await sleep(quietMs);
+  assert.equal(velocities().length, count);
+});
