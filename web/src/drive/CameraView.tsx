@@ -5,7 +5,7 @@ import { pollingPaused } from "../data/scheduler";
 import { canOperate } from "../data/session";
 import { visible } from "../data/visibility";
 import { Icon } from "../kit/Icon";
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { CameraFeed } from "./cameraFeed";
 
 const greyAfterMs = 1000;

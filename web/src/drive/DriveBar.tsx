@@ -4,7 +4,7 @@ import { Button } from "../kit/Button";
 import { Chip, type Tone } from "../kit/Chip";
 import type { IconName } from "../kit/Icon";
 import { Toggle } from "../kit/Toggle";
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { drive, lockOtherTabs } from "./drive";
 import type { DriveState } from "./machine";
 import { SpeedChoice } from "./SpeedChoice";

@@ -4,7 +4,7 @@ import { odometry } from "../data/resources";
 import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
 import { Icon } from "../kit/Icon";
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { drive } from "./drive";
 import { ElsewhereWatch } from "./elsewhere";
 import type { Velocity } from "./velocity";

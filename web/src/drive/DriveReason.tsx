@@ -1,4 +1,4 @@
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { drive } from "./drive";
 import type { DriveModel } from "./machine";
 

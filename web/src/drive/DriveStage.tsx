@@ -1,6 +1,6 @@
 import type { Ref } from "preact";
 import { RobotView } from "../robotView/RobotView";
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { CameraView } from "./CameraView";
 import { DriveReason } from "./DriveReason";
 import { scene } from "./driveSettings";

@@ -1,7 +1,7 @@
 import { Disclosure } from "../kit/Disclosure";
 import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
-import { driveTexts } from "../texts/drive";
+import * as driveTexts from "../texts/drive";
 import { keyMapName } from "./driveSettings";
 import type { PadChoice } from "./gamepads";
 import type { GamepadUse } from "./useGamepad";

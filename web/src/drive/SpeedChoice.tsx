@@ -1,4 +1,4 @@
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { speedScale } from "./driveSettings";
 import { speedScales } from "./speedLimits";
 

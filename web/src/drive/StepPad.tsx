@@ -1,7 +1,7 @@
 import { Button } from "../kit/Button";
 import { Disclosure } from "../kit/Disclosure";
 import type { IconName } from "../kit/Icon";
-import { driveTexts } from "../texts/drive";
+import * as driveTexts from "../texts/drive";
 import { drive } from "./drive";
 import type { Deflection } from "./velocity";
 

@@ -1,7 +1,7 @@
 import { useSignal } from "@preact/signals";
 import { useEffect, useRef } from "preact/hooks";
 import { Icon } from "../kit/Icon";
-import { driveTexts as texts } from "../texts/drive";
+import * as texts from "../texts/drive";
 import { drive } from "./drive";
 import { knobPlace, stickDeflection } from "./stickMath";
 import { useHold } from "./useHold";

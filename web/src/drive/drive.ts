@@ -4,7 +4,7 @@ import { addressOf, write } from "../data/requests";
 import { pollingPaused, setDriving } from "../data/scheduler";
 import { canOperate, openLogin, refreshRole, role } from "../data/session";
 import { toast } from "../kit/toasts";
-import { driveTexts } from "../texts/drive";
+import * as driveTexts from "../texts/drive";
 import { systemClock } from "./clock";
 import { DriveControl } from "./driveControl";
 import { maxima, speedScale } from "./driveSettings";

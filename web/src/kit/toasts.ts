@@ -20,7 +20,7 @@ export const toasts: ReadonlySignal<readonly Toast[]> = all;
 export function toast(text: string, options: { kind?: ToastKind } = {}): void {
   const kind = options.kind ?? "info";
   // The same words again would only push out what else is to be read.
-  const others = all.value.filter((other) => other.text !== text || other.kind !== kind);
+  const others = all.peek().filter((other) => other.text !== text || other.kind !== kind);
   count += 1;
   const added = { number: count, text, kind };
   all.value = withoutExcess([...others, added]);
@@ -30,7 +30,7 @@ export function toast(text: string, options: { kind?: ToastKind } = {}): void {
 }
 
 export function dismiss(number: number): void {
-  all.value = all.value.filter((other) => other.number !== number);
+  all.value = all.peek().filter((other) => other.number !== number);
 }
 
 function withoutExcess(list: readonly Toast[]): readonly Toast[] {

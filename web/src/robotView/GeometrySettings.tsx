@@ -1,7 +1,7 @@
 import { Button } from "../kit/Button";
 import { Field } from "../kit/Field";
 import { Select } from "../kit/Select";
-import { robotViewTexts } from "../texts/robotView";
+import * as robotViewTexts from "../texts/robotView";
 import { NumberInput } from "./NumberInput";
 import {
   boundedKeys,

@@ -1,7 +1,7 @@
 import { useState } from "preact/hooks";
 import { Field } from "../kit/Field";
 import { TextInput } from "../kit/TextInput";
-import { robotViewTexts } from "../texts/robotView";
+import * as robotViewTexts from "../texts/robotView";
 import { numberOf } from "./numberText";
 
 export interface NumberInputProps {

@@ -3,7 +3,7 @@ import { now } from "../data/clock";
 import { odometry } from "../data/resources";
 import { useResource } from "../data/useResource";
 import { Canvas } from "../kit/Canvas";
-import { robotViewTexts as texts } from "../texts/robotView";
+import * as texts from "../texts/robotView";
 import { paintTrace } from "./paintTrace";
 import { lengthOf } from "./trace";
 import { traceChanges, traceLines } from "./traceRecord";

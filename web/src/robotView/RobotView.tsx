@@ -4,7 +4,7 @@ import { bumper, distances, scan } from "../data/resources";
 import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
 import { Canvas } from "../kit/Canvas";
-import { robotViewTexts as texts } from "../texts/robotView";
+import * as texts from "../texts/robotView";
 import { bearingOf } from "./nearestEcho";
 import { paintRobot } from "./paintRobot";
 import { surroundingsOf } from "./surroundings";

@@ -1,5 +1,5 @@
 import type { CanvasTheme } from "../kit/themes";
-import { robotViewTexts } from "../texts/robotView";
+import * as robotViewTexts from "../texts/robotView";
 import type { Point } from "./geometry";
 import { type Plan, ringSpacing, robotPlan } from "./plan";
 import type { SensorReading } from "./sensorEchoes";

@@ -1,5 +1,5 @@
 import type { CanvasTheme } from "../kit/themes";
-import { robotViewTexts } from "../texts/robotView";
+import * as robotViewTexts from "../texts/robotView";
 import { boundsOf, floorPlan, type Plan, scaleLength } from "./plan";
 import type { TracePoint } from "./trace";
 
