@@ -43,10 +43,13 @@ async function stop(child, signal = "SIGTERM") {
 export class RunningRobot {
   /**
    * settings replaces lines of the demo's configuration: {"operator": "x"} makes it `operator=x`. With
-   * slowStatusSeconds each status of a service takes so long.
+   * slowStatusSeconds each status of a service takes so long. The daemon listens at host and gets the
+   * variables besides its own.
    */
-  static async start({ settings = {}, world, slowStatusSeconds } = {}) {
+  static async start({ settings = {}, world, slowStatusSeconds, host = "127.0.0.1",
+    variables = {} } = {}) {
     const robot = new RunningRobot();
+    Object.assign(robot, { host, variables });
     robot.prepare(settings);
     if (slowStatusSeconds) robot.slowStatusDown(slowStatusSeconds);
     await robot.startSimulator(world);
@@ -106,7 +109,7 @@ export class RunningRobot {
       this.port ??= await freePort();
       const text = readFileSync(file, "utf8");
       writeFileSync(file, text.replace(/^win_httpserver=.*$/m,
-        `win_httpserver=http://127.0.0.1:${this.port}`));
+        `win_httpserver=http://${this.host}:${this.port}`));
       this.daemon = start(path.join(binaries, "tessarad"),
         ["-v", `-conf=${file}`, `-veltrano=${this.simulatorAddress}`, `-resourcepath=${page}`],
         { cwd: this.folder, env: this.environment() });
@@ -123,7 +126,8 @@ export class RunningRobot {
   environment() {
     const standIns = [...(this.commandFolder ? [this.commandFolder] : []),
       path.join(scripts, "service-stand-ins"), path.join(scripts, "stand-ins")];
-    return { ...process.env, TESSARAD_DEMO_RUN: this.folder,
+    return { ...process.env, ...this.variables, TESSARAD_DEMO_RUN: this.folder,
+      LUMVIEW_DAEMON: `http://127.0.0.1:${this.port}`,
       PATH: `${standIns.join(":")}:${process.env.PATH}` };
   }
 
