@@ -44,9 +44,9 @@ void openListener(const QString& address)
     const std::set<int> portsBefore = listeningPorts();
     {
         // The library takes connections a moment before it knows whose requests they bring, and
-        // answers 404 until it does.
-        const OneThreadOfPool untilOpen(openGrace);
-        listenerHandler->open().wait();
+        // answers 404 until it does. So it opens on the one thread that could answer.
+        OneThreadOfPool untilOpen(openGrace);
+        untilOpen.run([] { listenerHandler->open().wait(); });
     }
     openPort = portOpenedSince(portsBefore);
     std::cout << "Listening for requests at: " << uri.to_string() << std::endl;

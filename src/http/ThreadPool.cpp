@@ -4,6 +4,7 @@
 #include <pplx/threadpool.h>
 
 #include <condition_variable>
+#include <future>
 #include <mutex>
 
 namespace kor::veltrano::daemons {
@@ -127,6 +128,14 @@ OneThreadOfPool::OneThreadOfPool(std::chrono::milliseconds timeout)
 OneThreadOfPool::~OneThreadOfPool()
 {
     meeting->end();
+}
+
+void OneThreadOfPool::run(const std::function<void()>& work)
+{
+    const auto task = std::make_shared<std::packaged_task<void()>>(work);
+    std::future<void> done = task->get_future();
+    crossplat::threadpool::shared_instance().service().post([task] { (*task)(); });
+    done.get();
 }
 
 } // namespace kor::veltrano::daemons

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace kor::veltrano::daemons {
@@ -26,6 +27,10 @@ public:
     ~OneThreadOfPool();
     OneThreadOfPool(const OneThreadOfPool&) = delete;
     OneThreadOfPool& operator=(const OneThreadOfPool&) = delete;
+
+    // Does the work on that thread: until it is done, nothing else runs in the pool. Throws what
+    // the work throws.
+    void run(const std::function<void()>& work);
 
 private:
     std::shared_ptr<ThreadPoolMeeting> meeting;

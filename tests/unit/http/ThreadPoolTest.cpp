@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 
 using namespace kor::veltrano::daemons;
@@ -95,6 +96,31 @@ TEST_F(ThreadPoolTest, WorksOnOneTaskAfterTheOtherWhileOneThreadIsLeft)
     tasks.post(80);
     ASSERT_TRUE(tasks.waitUntilDone());
     EXPECT_GT(tasks.mostAtOnce(), 1);
+}
+
+TEST_F(ThreadPoolTest, RunsNothingElseUntilTheWorkOfTheOneThreadIsDone)
+{
+    Tasks tasks;
+    {
+        OneThreadOfPool oneThread(20s);
+        int doneMeanwhile = -1;
+        std::thread::id thread;
+        oneThread.run([&] {
+            thread = std::this_thread::get_id();
+            tasks.post(20);
+            std::this_thread::sleep_for(50ms);
+            doneMeanwhile = tasks.doneSoFar();
+        });
+        EXPECT_EQ(doneMeanwhile, 0);
+        EXPECT_NE(thread, std::this_thread::get_id());
+    }
+    EXPECT_TRUE(tasks.waitUntilDone());
+}
+
+TEST_F(ThreadPoolTest, ThrowsWhatTheWorkOfTheOneThreadThrows)
+{
+    OneThreadOfPool oneThread(20s);
+    EXPECT_THROW(oneThread.run([] { throw std::out_of_range("expected"); }), std::out_of_range);
 }
 
 TEST_F(ThreadPoolTest, IsDrainedWhenEverythingThatWasQueuedIsDone)
