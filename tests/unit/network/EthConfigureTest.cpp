@@ -175,6 +175,15 @@ TEST_F(EthConfigureTest, LeavesThatAnInterfaceDoesNotHaveAreDropped)
               "manual,,,0.0.0.0,,no,,,0.0.0.0,,,,0.0.0.0");
 }
 
+TEST_F(EthConfigureTest, AnAliasIsSwitchedOnEvenWithoutAnAddress)
+{
+    EXPECT_EQ(argumentsOf(R"([{"name": "eth0:1", "_children": [{"name": "enable", "value": "true"},
+                                                               {"name": "address", "value": ""}]},
+        {"name": "eth0:2", "_children": [{"name": "enable", "value": "true"}]}])")
+                  .join(','),
+              ",,,0.0.0.0,,yes,,,0.0.0.0,yes,,,0.0.0.0");
+}
+
 TEST_F(EthConfigureTest, ValuesGoOutAsTheyCame)
 {
     const QString odd = QString::fromUtf8(" $(x) `y` \\\"'\n%1 \u00e4\u20ac");
