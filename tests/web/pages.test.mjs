@@ -4,6 +4,7 @@ import { readFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { after, before, test } from "node:test";
 import { complaintsOf, desk, keepPicture, openBrowser, openPage, phone } from "./support/browser.mjs";
+import { waitFor } from "./support/deadlines.mjs";
 import { logIn } from "./support/people.mjs";
 import { RunningRobot } from "./support/programs.mjs";
 
@@ -45,8 +46,8 @@ async function findings(page) {
 async function showPage(page, name) {
   await page.evaluate((hash) => { location.hash = hash; }, `#/${name}`);
   await page.locator("h1", { hasText: pages[name].heading }).waitFor();
-  // Until the readings and lists of the page have come.
-  await page.waitForLoadState("networkidle", { timeout: 400 }).catch(() => {});
+  await waitFor("the page's readings", async () =>
+    (await page.locator("main").getByText("Asking the robot").count()) === 0);
 }
 
 for (const [look, { viewport, theme }] of Object.entries({
@@ -58,6 +59,7 @@ for (const [look, { viewport, theme }] of Object.entries({
   test(`no page has faults for an admin, ${look}`, async () => {
     const page = await openPage(browser, robot, { viewport, theme });
     await logIn(page, "admin");
+    await page.getByRole("button", { name: "Close" }).click();
     for (const name of Object.keys(pages)) {
       await showPage(page, name);
       await keepPicture(page, `${name}-${look}`);
