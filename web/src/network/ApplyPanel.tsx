@@ -89,7 +89,8 @@ export function ApplyPanel() {
     return null;
   }
   const { form, flow, state, from } = active;
-  const secondsLeft = Math.max(0, Math.ceil((state.deadline - now.value) / 1000));
+  // The time of the clock is up to a second old, and there must never be less left than is told.
+  const secondsLeft = Math.max(0, Math.floor((state.deadline - now.value) / 1000));
   const isEnded = state.stage === "ended";
   const isBad = isEnded && !goodEnds.has(state.end);
   return (
