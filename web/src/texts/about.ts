@@ -18,7 +18,7 @@ export const load = "Load from a file…";
 export const reset = "Reset all";
 export const resetTitle = "Reset all settings?";
 export const resetBody = "All settings of this browser go back to what they were at first.";
-export const loaded = (count: number) => `${count} settings taken over.`;
+export const loaded = (count: number) => `Settings taken over: ${count}.`;
 export const skipped = (names: string) => `Not understood, left out: ${names}`;
 export const unreadable = "This file holds no settings.";
 export const fileName = (host: string) => `${host}-settings.json`;
