@@ -8,11 +8,12 @@ interface SetAllProps {
   title: string;
   names: readonly string[];
   initial: readonly boolean[] | undefined;
+  enabled: boolean;
   onClose: () => void;
   onApply: (values: readonly boolean[]) => void;
 }
 
-export function SetAllDialog({ title, names, initial, onClose, onApply }: SetAllProps) {
+export function SetAllDialog({ title, names, initial, enabled, onClose, onApply }: SetAllProps) {
   const [values, setValues] = useState<readonly boolean[]>(() =>
     names.map((_, index) => initial?.[index] ?? false),
   );
@@ -23,7 +24,7 @@ export function SetAllDialog({ title, names, initial, onClose, onApply }: SetAll
       actions={
         <>
           <Button onClick={onClose}>{texts.cancel}</Button>
-          <Button kind="primary" onClick={() => onApply(values)}>
+          <Button kind="primary" disabled={!enabled} onClick={() => onApply(values)}>
             {texts.apply(names.length)}
           </Button>
         </>

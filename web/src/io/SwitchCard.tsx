@@ -78,6 +78,7 @@ export function SwitchCard({ title, path, count, nameOf, memory, enabled }: Swit
           title={texts.setAllTitle(title)}
           names={names}
           initial={state?.values}
+          enabled={enabled}
           onClose={() => setAsking(false)}
           onApply={(values) => {
             setAsking(false);

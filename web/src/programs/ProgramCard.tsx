@@ -35,12 +35,19 @@ function isRenamed(program: Program): boolean {
   return renaming.value === fileNameOf(program) && !program.running;
 }
 
-function Name({ program, all }: { program: Program; all: readonly Program[] }) {
+interface NameProps {
+  program: Program;
+  all: readonly Program[];
+  enabled: boolean;
+}
+
+function Name({ program, all, enabled }: NameProps) {
   if (isRenamed(program)) {
     return (
       <RenameForm
         program={program}
         all={all}
+        enabled={enabled}
         onEnd={() => {
           renaming.value = undefined;
         }}
@@ -58,7 +65,10 @@ function Name({ program, all }: { program: Program; all: readonly Program[] }) {
 export function ProgramCard({ enabled }: { enabled: boolean }) {
   const list = programs.value.value;
   const columns = [
-    { title: texts.name, cell: (program: Program) => <Name program={program} all={list ?? []} /> },
+    {
+      title: texts.name,
+      cell: (program: Program) => <Name program={program} all={list ?? []} enabled={enabled} />,
+    },
     { title: texts.state, cell: (program: Program) => <State program={program} /> },
     {
       title: texts.actions,

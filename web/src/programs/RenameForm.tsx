@@ -10,10 +10,11 @@ import { fileNameOf, type Program } from "./programList";
 interface RenameProps {
   program: Program;
   all: readonly Program[];
+  enabled: boolean;
   onEnd: () => void;
 }
 
-export function RenameForm({ program, all, onEnd }: RenameProps) {
+export function RenameForm({ program, all, enabled, onEnd }: RenameProps) {
   const form = useRef<HTMLFormElement>(null);
   const [name, setName] = useState(program.name);
   const problem = problemOfRename(program, name, all);
@@ -50,7 +51,7 @@ export function RenameForm({ program, all, onEnd }: RenameProps) {
           type="submit"
           kind="primary"
           busy={busyFile.value === fileNameOf(program)}
-          disabled={problem !== undefined}
+          disabled={!enabled || problem !== undefined}
         >
           {texts.save}
         </Button>
