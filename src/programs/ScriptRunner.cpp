@@ -145,6 +145,8 @@ void ScriptRunner::startProcess(QProcess* process, const QString& program,
                    .arg(program, arguments.join(QLatin1Char(' '))),
                2);
     process->setProcessChannelMode(QProcess::MergedChannels);
+    // An interpreter that reads its input waits, rather than finding its end.
+    process->setStandardInputFile(QString());
     connect(process, &QProcess::readyReadStandardError, this, &ScriptRunner::on_process_readyRead);
     connect(process, &QProcess::readyReadStandardOutput, this, &ScriptRunner::on_process_readyRead);
     connect(process, &QProcess::started, this, &ScriptRunner::on_process_started);

@@ -2,7 +2,8 @@
 //
 // The HTTP library's sockets would else live on in every child: a program that outlives the daemon
 // would keep its port, and connections would never be seen to end. A program that asks for input
-// would wait for ever, as nobody writes any: it finds the input's end instead.
+// would wait for ever, as nobody writes any: it finds the input's end instead, unless its owner
+// sets another input.
 #pragma once
 
 #include <QProcess>

@@ -161,6 +161,18 @@ TEST_F(ScriptRunnerTest, BothStreamsAreOutput)
     EXPECT_TRUE(waitFor([&] { return runner.globalVariables() == Variables({{"a", "1"}}); }));
 }
 
+TEST_F(ScriptRunnerTest, TheInputStaysOpenAndSaysNothing)
+{
+    writeInterpreter("test -p /dev/stdin && echo pipe; read line; echo end\n");
+    ScriptRunner runner;
+    runner.startProgram("x");
+    hasOutput(runner, {"pipe"});
+    const QDeadlineTimer later(100);
+    waitFor([&] { return later.hasExpired(); });
+    EXPECT_TRUE(runner.isRunning("x"));
+    EXPECT_EQ(runner.output(), QStringList("pipe"));
+}
+
 TEST_F(ScriptRunnerTest, AProgramRunsUntilItsProcessEndsAndItsOutputStays)
 {
     writeInterpreter("echo hello; read line < \"$2\"\n");
