@@ -164,6 +164,13 @@ TEST_F(ProgramStoreTest, OneRequestStartsAndTheNextOneStops)
     EXPECT_TRUE(becomes("\"running\""));
     EXPECT_TRUE(startStopProgram(body));
     EXPECT_TRUE(becomes("\"stopped\""));
+    // Until the start has come to pass, another request is one more start.
+    EXPECT_TRUE(startStopProgram(body));
+    EXPECT_TRUE(startStopProgram(body));
+    EXPECT_TRUE(programList().contains("\"stopped\""));
+    EXPECT_TRUE(becomes("\"running\""));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_TRUE(programList().contains("\"running\""));
     EXPECT_FALSE(startStopProgram("{"));
 }
 

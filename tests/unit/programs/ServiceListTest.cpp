@@ -4,6 +4,7 @@
 #include "programs/ServiceControl.h"
 
 #include "support/LogFixture.h"
+#include "support/SystemPaths.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -133,6 +134,30 @@ TEST_F(ServiceListTest, AnEntryHasItsStateInStrings)
               "{\"activation\":\"true\",\"active\":\"active\",\"id\":7,\"load\":\"loaded\","
               "\"name\":\"a\",\"sub\":\"running\"}");
     EXPECT_EQ(nextId, 8);
+}
+
+// The name leads from the system's units to a folder of the test's own.
+TEST_F(ServiceListTest, OnlyALinkInTheUnitsPlaceDeactivates)
+{
+    const QDir units(QString::fromUtf8(unitDirectory));
+    if (!units.exists()) {
+        GTEST_SKIP() << "no systemd here";
+    }
+    const QString place = units.relativeFilePath(QDir(folder.path()).canonicalPath()) + '/';
+    QFile file(folder.filePath("file.service"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link("/dev/null", folder.filePath("masked.service")));
+    ASSERT_TRUE(QFile::link("nowhere", folder.filePath("dead@.service")));
+    ASSERT_TRUE(QFile::link("/dev/null", folder.filePath("bare")));
+    int nextId = 1;
+    const auto activation = [&](const QString& name) {
+        return createServiceEntry(place + name, {}, nextId).value("activation").toString();
+    };
+    EXPECT_EQ(activation("masked"), "false");
+    EXPECT_EQ(activation("dead@"), "false");
+    EXPECT_EQ(activation("file"), "true");
+    EXPECT_EQ(activation("missing"), "true");
+    EXPECT_EQ(activation("bare"), "true");
 }
 
 TEST_F(ServiceListTest, TheWritesHandTheNameAndAWordToTheirScript)
