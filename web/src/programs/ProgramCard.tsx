@@ -57,6 +57,7 @@ function Name({ program, all, enabled }: NameProps) {
   return (
     <span class="name">
       {program.name}
+      <wbr />
       {program.suffix && <span class="suffix">.{program.suffix}</span>}
     </span>
   );
