@@ -26,9 +26,11 @@ constexpr int generations = 4;
 // wakes another thread of the pool, several in a request, which takes longer than what most of them
 // do. A chain of continuations that follow one another without waiting goes on in the pool where it
 // is long, as a body may come in any number of pieces and a stack is short.
-class ImmediateScheduler final : public pplx::scheduler_interface
+class ImmediateScheduler : public pplx::scheduler_interface
 {
 public:
+    virtual ~ImmediateScheduler() = default;
+
     void schedule(pplx::TaskProc_t task, void* parameter) override
     {
         thread_local int depth = 0;
