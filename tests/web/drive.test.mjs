@@ -11,6 +11,8 @@ const watchdogMs = 400;
 // From the moment that a person lets go, a page is hidden or a link breaks.
 const stopMs = 600;
 const quietMs = 1000;
+// The daemon's watchdog sends one by itself, which must not pass for the page's.
+const pageZeros = 2;
 
 let robot;
 let browser;
@@ -32,6 +34,10 @@ afterEach(async () => {
 
 const velocities = () => robot.commands().filter(({ method }) => method === "omniDrive.setVelocity");
 const isZero = ({ params: { vx, vy, omega } }) => vx === 0 && vy === 0 && omega === 0;
+const zerosAfterMoves = (moment) => {
+  const later = velocities().filter(({ timeMs }) => timeMs >= moment);
+  return later.slice(later.findLastIndex((command) => !isZero(command)) + 1);
+};
 const sleep = (ms) => new Promise((resolve) => setTimeout(resolve, ms));
 // The simulated robot's clock is the machine's monotonic one, as is this.
 const now = () => Number(process.hrtime.bigint()) / 1e6;
@@ -42,16 +48,19 @@ async function driveAWhile() {
   await waitFor("the robot to move", () => velocities().some((command) => command.params.vx > 0.05));
 }
 
-/** After the moment there is a zero in time, and nothing but zeros until the end, which are soon over. */
-async function assertStopped(moment) {
-  await waitFor("a zero", () => velocities().some((each) => each.timeMs >= moment && isZero(each)));
+/**
+ * After the moment the robot stops in time and for good. A move that the page called off may reach the
+ * daemon behind the first zero, on a connection of its own; therefore the page repeats it.
+ */
+async function assertStopped(moment, { zeros = pageZeros } = {}) {
+  await waitFor("the zeros", () => zerosAfterMoves(moment).length >= zeros);
   await sleep(quietMs);
+  const [zero] = zerosAfterMoves(moment);
+  assert.ok(zero.timeMs - moment <= deadline(stopMs / 2), `the zero came after ${zero.timeMs - moment} ms`);
   const later = velocities().filter(({ timeMs }) => timeMs >= moment);
-  const firstZero = later.find(isZero);
-  assert.ok(firstZero.timeMs - moment <= deadline(stopMs / 2),
-    `the zero came after ${firstZero.timeMs - moment} ms`);
-  const after = later.filter(({ timeMs }) => timeMs > firstZero.timeMs);
-  assert.deepEqual(after.filter((command) => !isZero(command)), []);
+  const firstZero = later.findIndex(isZero);
+  const overtaken = later.slice(firstZero).filter((command) => !isZero(command));
+  assert.ok(overtaken.length <= 1, JSON.stringify(overtaken));
   const count = velocities().length;
   await sleep(quietMs);
   assert.equal(velocities().length, count, "the page goes on sending");
@@ -135,14 +144,14 @@ test("a closed tab stops the robot", async () => {
   await driveAWhile();
   const moment = now();
   await page.close();
-  await assertStopped(moment);
+  await assertStopped(moment, { zeros: 1 });
 });
 
 test("a link that breaks stops the robot and locks the drive", async () => {
   await driveAWhile();
   const moment = now();
   await page.context().setOffline(true);
-  await assertStopped(moment);
+  await assertStopped(moment, { zeros: 1 });
   await page.getByText("Locked", { exact: true }).waitFor();
   await page.mouse.up();
   await page.context().setOffline(false);
