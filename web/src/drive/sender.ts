@@ -17,6 +17,9 @@ const periodMs = 100;
 // Below the 400 ms after which the daemon stops the robot.
 const patienceMs = 300;
 const stopPatienceMs = 2000;
+// Requests travel on connections of their own: a zero that is sent at once could overtake a move that
+// was sent a moment ago, and the robot would set off again.
+const overtakingMs = 50;
 // A move that was called off may still arrive behind the first zero, but not behind the second.
 const leastZeros = 2;
 // The browser shares six connections among all requests to the robot.
@@ -29,6 +32,7 @@ export class Sender {
   #phase: "silent" | "driving" | "stopping" = "silent";
   #underway = new Set<AbortController>();
   #isDue = false;
+  #movedAt = 0;
   #zeros = 0;
   #stopSince = 0;
   #cancelTick = () => {};
@@ -57,11 +61,16 @@ export class Sender {
     if (this.#phase === "stopping") {
       return;
     }
-    this.#dropAll();
+    this.#cancelTimers();
     this.#phase = "stopping";
     this.#zeros = 0;
     this.#stopSince = this.#clock.now();
-    this.#sendZero();
+    const waitMs = this.#movedAt + overtakingMs - this.#stopSince;
+    if (this.#underway.size > 0 && waitMs > 0) {
+      this.#cancelTick = this.#clock.after(waitMs, () => this.#beginZeros());
+    } else {
+      this.#beginZeros();
+    }
   }
 
   #tick(): void {
@@ -75,15 +84,19 @@ export class Sender {
 
   #sendMove(): void {
     this.#isDue = false;
-    const sentAt = this.#clock.now();
+    this.#movedAt = this.#clock.now();
     this.#send(this.#events.velocity(), (answer) => {
+      if (this.#phase === "stopping") {
+        this.#beginZeros();
+        return;
+      }
       if (answer === "refused") {
         this.#events.trouble("refused");
         return;
       }
       if (answer === "accepted") {
         this.#beginPatience();
-        this.#events.roundTrip(this.#clock.now() - sentAt);
+        this.#events.roundTrip(this.#clock.now() - this.#movedAt);
         if (this.#isDue && this.#phase === "driving") {
           this.#sendMove();
         }
@@ -94,6 +107,11 @@ export class Sender {
   #beginPatience(): void {
     this.#cancelPatience();
     this.#cancelPatience = this.#clock.after(patienceMs, () => this.#events.trouble("slow"));
+  }
+
+  #beginZeros(): void {
+    this.#dropAll();
+    this.#sendZero();
   }
 
   #sendZero(): void {
@@ -132,9 +150,13 @@ export class Sender {
     this.#transport(velocity, controller.signal).then(settle, () => settle("unreachable"));
   }
 
-  #dropAll(): void {
+  #cancelTimers(): void {
     this.#cancelTick();
     this.#cancelPatience();
+  }
+
+  #dropAll(): void {
+    this.#cancelTimers();
     const dropped = [...this.#underway];
     this.#underway.clear();
     for (const controller of dropped) {

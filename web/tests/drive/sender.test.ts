@@ -68,17 +68,43 @@ test("tries again when a request fails at once", async () => {
   assert.equal(robot.sent.length, 7);
 });
 
-test("a stop calls off the move under way, sends two zeros and is silent then", async () => {
+test("a stop calls off a move that stays away, sends two zeros and is silent then", async () => {
+  const { clock, robot, heard, sender } = setUp();
+  robot.delayMs = 120;
+  sender.start();
+  await clock.pass(170);
+  sender.stop();
+  assert.equal(robot.sent[1]?.isAborted, true);
+  robot.delayMs = 5;
+  await clock.pass(5000);
+  assert.deepEqual(robot.times, [0, 120, 170, 270]);
+  assert.deepEqual(robot.velocities.slice(2), [standstill, standstill]);
+  assert.deepEqual(heard, ["confirmed"]);
+  assert.equal(sender.isSilent, true);
+});
+
+test("a stop lets a move that was sent a moment ago arrive first", async () => {
   const { clock, robot, heard, sender } = setUp();
   sender.start();
   await clock.pass(101);
   sender.stop();
-  assert.equal(robot.sent[1]?.isAborted, true);
   await clock.pass(5000);
-  assert.deepEqual(robot.times, [0, 100, 101, 201]);
+  assert.equal(robot.sent[1]?.isAborted, false);
+  assert.deepEqual(robot.times, [0, 100, 105, 205]);
   assert.deepEqual(robot.velocities.slice(2), [standstill, standstill]);
   assert.deepEqual(heard, ["confirmed"]);
-  assert.equal(sender.isSilent, true);
+});
+
+test("a stop waits no longer than 50 ms for a move", async () => {
+  const { clock, robot, sender } = setUp();
+  robot.delayMs = 90;
+  sender.start();
+  await clock.pass(110);
+  sender.stop();
+  assert.deepEqual(robot.times, [0, 100]);
+  await clock.pass(40);
+  assert.deepEqual(robot.times, [0, 100, 150]);
+  assert.equal(robot.sent[1]?.isAborted, true);
 });
 
 test("an answer to the first zero alone confirms nothing", async () => {
