@@ -7,6 +7,8 @@ import re
 
 import pytest
 
+from support.fake_robot import FakeRobot
+
 LISTENER = b"[Network]\nwin_httpserver=http://127.0.0.1:@PORT@\n"
 
 
@@ -200,6 +202,19 @@ def test_the_option_names_the_robot_before_the_file_does(start_daemon, fake_robo
 def test_the_file_names_the_robot_without_an_option(start_daemon, fake_robot):
     daemon = start_daemon(robot=fake_robot.address)
     daemon.wait_for_message("Connected")
+
+
+def test_without_an_address_the_robot_is_looked_for_on_this_machine(start_daemon):
+    try:
+        robot = FakeRobot(port=12080)
+    except OSError:
+        pytest.skip("the port that robots have by default is taken on this machine")
+    try:
+        daemon = start_daemon(file=LISTENER, robot="")
+        assert not any("Network/veltrano" in line for line in printed_settings(daemon))
+        daemon.wait_for_message("Connected")
+    finally:
+        robot.stop()
 
 
 def test_the_options_for_robot_and_listener_are_among_the_settings(start_daemon, no_robot):

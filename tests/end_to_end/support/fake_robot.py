@@ -20,14 +20,14 @@ class FakeRobot:
     shown, and keeps the commands it gets. A robot that misbehaves overrides serve().
     """
 
-    def __init__(self) -> None:
+    def __init__(self, port: int = 0) -> None:
         self._lock = threading.Lock()
         self._sending = threading.Lock()
         self._state: dict[tuple[str, Any], Params] = {}
         self._commands: list[tuple[float, str, Params]] = []
         self._connections: list[socket.socket] = []
         self._greeted: list[socket.socket] = []
-        self._port = 0
+        self._port = port
         self.connections_made = 0
         self.answers: list[dict[str, Any]] = []
         self.start()
