@@ -28,7 +28,6 @@ export interface ReadOptions {
 
 export interface WriteOptions extends ReadOptions {
   method?: "PUT" | "POST";
-  keepalive?: boolean;
   /** Sends a string as it is instead of as JSON. */
   bare?: boolean;
 }
@@ -108,9 +107,6 @@ export async function write(
     method: options.method ?? "PUT",
     body: options.bare && typeof body === "string" ? body : JSON.stringify(body),
   };
-  if (options.keepalive) {
-    init.keepalive = true;
-  }
   const job = () => exchange(path, init, options);
   const reply = await (options.lane === "control" ? job() : backgroundQueue.run(job, "front"));
   if (reply === undefined) {

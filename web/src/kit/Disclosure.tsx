@@ -2,18 +2,12 @@ import type { ComponentChildren } from "preact";
 
 export interface DisclosureProps {
   title: ComponentChildren;
-  open?: boolean;
-  onToggle?: (open: boolean) => void;
   children: ComponentChildren;
 }
 
-export function Disclosure({ title, open = false, onToggle, children }: DisclosureProps) {
+export function Disclosure({ title, children }: DisclosureProps) {
   return (
-    <details
-      class="disclosure"
-      open={open}
-      onToggle={(event) => onToggle?.(event.currentTarget.open)}
-    >
+    <details class="disclosure">
       <summary>{title}</summary>
       <div>{children}</div>
     </details>

@@ -4,7 +4,7 @@ import { useFieldAttributes } from "./Field";
 export interface SelectProps<T extends string>
   extends Omit<SelectHTMLAttributes, "onChange" | "onInput" | "value" | "role"> {
   value: T;
-  options: readonly { readonly value: T; readonly label: string; readonly disabled?: boolean }[];
+  options: readonly { readonly value: T; readonly label: string }[];
   onChange: (value: T) => void;
 }
 
@@ -23,12 +23,7 @@ export function Select<T extends string>({ value, options, onChange, ...rest }: 
       }}
     >
       {options.map((option) => (
-        <option
-          key={option.value}
-          value={option.value}
-          selected={option.value === value}
-          disabled={option.disabled ?? false}
-        >
+        <option key={option.value} value={option.value} selected={option.value === value}>
           {option.label}
         </option>
       ))}

@@ -3,7 +3,6 @@ import { theme } from "../settings/general";
 
 /** The colours that canvases paint with, as CSS texts, from the style sheet's properties. */
 export interface CanvasTheme {
-  readonly dark: boolean;
   readonly text: string;
   readonly muted: string;
   readonly line: string;
@@ -27,22 +26,12 @@ export const shownTheme: ReadonlySignal<"light" | "dark"> = computed(() => {
   return systemIsDark.value ? "dark" : "light";
 });
 
-const reducedQuery = globalThis.matchMedia?.("(prefers-reduced-motion: reduce)");
-const reduced = signal(reducedQuery?.matches ?? false);
-reducedQuery?.addEventListener("change", (event) => {
-  reduced.value = event.matches;
-});
-
-export const reducedMotion: ReadonlySignal<boolean> = reduced;
-
 /** The colours of now: reading them follows the theme. */
 export const canvasTheme: ReadonlySignal<CanvasTheme> = computed(() => {
-  const dark = shownTheme.value === "dark";
   document.documentElement.dataset.theme = shownTheme.value;
   const style = getComputedStyle(document.documentElement);
   const colour = (name: string) => style.getPropertyValue(`--${name}`).trim();
   return {
-    dark,
     text: colour("text"),
     muted: colour("muted"),
     line: colour("line"),
