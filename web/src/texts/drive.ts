@@ -57,9 +57,11 @@ export const velocity = ([vx, vy, omega]: Velocity) =>
   `${formatNumber(vx)} m/s ahead, ${formatNumber(vy)} m/s left, ${formatNumber(omega)} rad/s`;
 export const commanded = "Command";
 export const measured = "Robot";
-export const halved = "That was outside the robot's speed limits. The highest speed of this page is halved.";
+export const halved =
+  "That was outside the robot's speed limits. The highest speed of this page is halved.";
 export const loginAgain = "Driving needs an operator's login.";
-export const movesElsewhere = "The robot moves without this page: a program or somebody else drives it.";
+export const movesElsewhere =
+  "The robot moves without this page: a program or somebody else drives it.";
 export const otherTab = "Another tab of this browser drives the robot.";
 export const takeOver = "Take over";
 export const speed = "Speed";
@@ -74,7 +76,8 @@ export const turn = "turn";
 export const stage = "Camera and surroundings. With the keyboard: hold Shift and a direction key.";
 export const cameraPicture = "What the robot's camera sees";
 export const frameAge = (seconds: number) => `${seconds.toFixed(1)} s old`;
-export const cameraShared = "Each picture is sent once: two viewers share the pictures of the camera.";
+export const cameraShared =
+  "Each picture is sent once: two viewers share the pictures of the camera.";
 export const steps = {
   title: "Steps",
   intro: "One press moves the robot slowly for 0.3 s.",

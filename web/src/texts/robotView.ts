@@ -18,7 +18,8 @@ export const nothingNear = "No obstacle in sight";
 export const noReadings = "No readings of the scanner and the distance sensors yet";
 export const oldReadings = "The readings are old";
 export const touching = "The robot touches something";
-export const pictureLabel = (summary: string) => `The robot seen from above, ahead is up. ${summary}`;
+export const pictureLabel = (summary: string) =>
+  `The robot seen from above, ahead is up. ${summary}`;
 export const scaleLabel = (length: number) => `${length} m`;
 export const ahead = "ahead";
 export const reach = "Shown around the robot";
