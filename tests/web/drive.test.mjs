@@ -181,6 +181,96 @@ test("the keyboard drives while Shift is held", async () => {
   await assertStopped(moment);
 });
 
+test("the keyboard drives after a speed was chosen with the mouse", async () => {
+  await unlockDrive(page);
+  await page.getByText("10 %", { exact: true }).click();
+  await page.keyboard.press("Shift+w", { delay: 500 });
+  await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.03));
+  // A tenth of the highest speed, in single precision.
+  assert.ok(velocities().every(({ params }) => params.vx < 0.051), "faster than was chosen");
+});
+
+/** What the browser says of a gamepad whose left stick is so far ahead. */
+function connectGamepad(ahead, isShoulderPressed) {
+  return page.evaluate(([y, pressed]) => {
+    const buttons = Array.from({ length: 17 }, (_, index) => ({ pressed: index === 5 && pressed }));
+    const pad = { index: 0, id: "A pad", connected: true, mapping: "standard", axes: [0, -y, 0, 0], buttons };
+    navigator.getGamepads = () => [pad, null];
+  }, [ahead, isShoulderPressed]);
+}
+
+test("a gamepad drives while a shoulder button is held, and its loss stops and locks", async () => {
+  await connectGamepad(0, false);
+  await unlockDrive(page);
+  await connectGamepad(1, false);
+  await sleep(quietMs);
+  assert.deepEqual(velocities(), [], "the stick alone moved the robot");
+  await connectGamepad(1, true);
+  await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.1));
+  const letGo = now();
+  await connectGamepad(1, false);
+  await assertStopped(letGo);
+  await connectGamepad(1, true);
+  await waitFor("the robot to move again", () => !isZero(velocities().at(-1)));
+  const lost = now();
+  await page.evaluate(() => { navigator.getGamepads = () => [null, null]; });
+  await assertStopped(lost);
+  await page.getByText("Locked: the gamepad is gone.").waitFor();
+});
+
+test("one tab takes the driving over from another", async () => {
+  const second = await openPage(browser, robot, { context: page.context(), hash: "#/drive" });
+  await logIn(second, "operator");
+  await page.bringToFront();
+  await driveAWhile();
+  await second.bringToFront();
+  const moment = now();
+  await second.getByRole("button", { name: "Take over" }).click();
+  await second.getByText("Ready", { exact: true }).waitFor();
+  await assertStopped(moment);
+  await page.getByText("Locked", { exact: true }).waitFor();
+  await page.getByText("Another tab of this browser took over or stopped the robot.").waitFor();
+  await page.mouse.up();
+  await pushStickAhead(second);
+  await second.mouse.up();
+  assert.deepEqual([...complaintsOf(page), ...complaintsOf(second)], []);
+});
+
+// Widths and heights of phones, from the smallest on.
+const heldAcross = [[640, 360], [667, 375], [740, 360], [844, 390]];
+
+test("a phone that is held across shows both sticks whole, with nothing over them", async () => {
+  await goTo(page, "drive");
+  for (const [width, height] of heldAcross) {
+    await page.setViewportSize({ width, height });
+    await page.evaluate(() => scrollTo(0, 0));
+    const hidden = await page.locator("[data-stick]").evaluateAll((sticks) => sticks.flatMap((stick) => {
+      const { left, top, bottom, width: wide } = stick.getBoundingClientRect();
+      const under = document.elementFromPoint(left + wide / 2, bottom - 4);
+      return top >= 0 && stick.contains(under) ? [] : [[top, bottom]];
+    }));
+    assert.deepEqual(hidden, [], `${width} by ${height}`);
+  }
+});
+
+test("no message lies on a stick or on the stop button", async () => {
+  const boxes = (selector) => page.locator(selector).evaluateAll((elements) => elements.map((element) => {
+    const { left, top, right, bottom } = element.getBoundingClientRect();
+    return { left, top, right, bottom };
+  }));
+  const meet = (one, other) => one.left < other.right && other.left < one.right
+    && one.top < other.bottom && other.top < one.bottom;
+  await goTo(page, "drive");
+  for (const [width, height] of [[320, 640], ...heldAcross, [768, 1024], [1024, 768], [1280, 800]]) {
+    await page.setViewportSize({ width, height });
+    const kept = [...await boxes("[data-stick]"), ...await boxes(".stop > button")];
+    const messages = await boxes(".toast");
+    assert.ok(kept.length === 3 && messages.length > 0, `${kept.length}, ${messages.length}`);
+    const covered = kept.filter((box) => messages.some((message) => meet(box, message)));
+    assert.deepEqual(covered, [], `${width} by ${height}`);
+  }
+});
+
 test("a step moves the robot for a moment", async () => {
   await unlockDrive(page);
   await page.getByText("Steps", { exact: true }).click();

@@ -4,7 +4,9 @@ import { keyMapName } from "./driveSettings";
 import { HeldKeys, keyMaps } from "./keys";
 import { listen } from "./listen";
 
-const controls = "input, select, textarea, button, a, summary, dialog, [contenteditable]";
+// Choosing a speed leaves the focus on a radio button, which has no use for the keys that drive.
+const controls =
+  "input:not([type=radio]), select, textarea, button, a, summary, dialog, [contenteditable]";
 
 function belongsToControl(target: EventTarget | null): boolean {
   return (
