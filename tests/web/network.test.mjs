@@ -93,8 +93,9 @@ test("wired settings are compared, put on trial and kept", async () => {
   await waitFor("the countdown to go on", async () => await secondsLeft() < first);
   await dialog().getByText("ROLLBACK 90 s:").waitFor();
   assert.match(wired(), /^address1=192\.168\.0\.20\/24,192\.168\.0\.1$/m);
-  await page.keyboard.press("Escape");
-  assert.equal(await dialog().count(), 1, "a trial went out of sight");
+  // Browsers let one of several in a row close a dialog, whatever its page says.
+  for (let time = 0; time < 8; time += 1) await page.keyboard.press("Escape");
+  await stage().getByText("The new settings are on trial.").waitFor();
 
   await press("Keep settings");
   await readEnd("The new settings are kept.");

@@ -11,7 +11,6 @@ export interface DialogProps {
   children?: ComponentChildren;
   /** The dialog goes only by its own actions. */
   blocking?: boolean;
-  wide?: boolean;
 }
 
 /**
@@ -20,7 +19,7 @@ export interface DialogProps {
  */
 export const dialogCompanion: Signal<(() => VNode | null) | undefined> = signal(undefined);
 
-export function Dialog({ title, onClose, actions, children, blocking, wide }: DialogProps) {
+export function Dialog({ title, onClose, actions, children, blocking }: DialogProps) {
   const id = useId();
   const element = useRef<HTMLDialogElement>(null);
   useLayoutEffect(() => {
@@ -46,7 +45,7 @@ export function Dialog({ title, onClose, actions, children, blocking, wide }: Di
   return (
     <dialog
       ref={element}
-      class={wide ? "dialog wide" : "dialog"}
+      class="dialog"
       aria-labelledby={id}
       onCancel={(event) => {
         event.preventDefault();
@@ -54,6 +53,8 @@ export function Dialog({ title, onClose, actions, children, blocking, wide }: Di
           onClose();
         }
       }}
+      // Browsers let one of several Escapes in a row close any dialog.
+      onClose={() => blocking && element.current?.showModal()}
     >
       <header>
         <h2 id={id} tabIndex={-1}>
