@@ -73,6 +73,36 @@ test("a wrong password leaves a guest a guest", async () => {
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("a page that needs an admin suggests that role, and others the next one", async () => {
+  await openRobot({ hash: "#/config" });
+  const suggested = () => dialog().getByLabel("Role").inputValue();
+  await page.getByRole("main").getByRole("button", { name: "Log in" }).click();
+  assert.equal(await suggested(), "admin");
+  await dialog().getByRole("button", { name: "Close" }).click();
+  await roleChip("Guest").click();
+  assert.equal(await suggested(), "operator");
+  await dialog().getByRole("button", { name: "Close" }).click();
+  await logIn(page, "operator");
+  await roleChip("Operator").click();
+  assert.equal(await suggested(), "admin");
+  assert.deepEqual(complaintsOf(page), []);
+});
+
+test("within a frame of another page there is a link to the page and nothing to click on", async () => {
+  await openRobot();
+  await page.goto(`${robot.address}probe.png`);
+  await page.evaluate((address) => {
+    const frame = document.createElement("iframe");
+    frame.src = address;
+    document.body.append(frame);
+  }, robot.address);
+  const frame = page.frameLocator("iframe");
+  await frame.getByText("This page is shown inside another one").waitFor();
+  assert.equal(await frame.getByRole("link", { name: "Open it by itself" }).count(), 1);
+  assert.equal(await frame.getByRole("button").count(), 0);
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("a login outlives a reload, and a logout ends it at the daemon too", async () => {
   await openRobot();
   await logIn(page, "admin");

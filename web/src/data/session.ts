@@ -12,7 +12,13 @@ const rolePath = "/data/userrole";
 const known = signal<Role | undefined>(undefined);
 const everybodys = signal<Role | undefined>(undefined);
 const ended = signal(false);
-const wanted = signal<{ reason: string | undefined } | undefined>(undefined);
+interface LoginRequest {
+  readonly reason: string | undefined;
+  /** The least role that serves. */
+  readonly needs: Role;
+}
+
+const wanted = signal<LoginRequest | undefined>(undefined);
 
 /** What this tab's session may do; undefined until the daemon has said so. */
 export const role: ReadonlySignal<Role | undefined> = known;
@@ -27,15 +33,15 @@ export const canAdminister = computed(() => reaches(known.value, "admin"));
 export const sessionEnded: ReadonlySignal<boolean> = ended;
 
 /** The login dialog that is wanted, with the reason for it. */
-export const loginRequest: ReadonlySignal<{ reason: string | undefined } | undefined> = wanted;
+export const loginRequest: ReadonlySignal<LoginRequest | undefined> = wanted;
 
 /** For who goes on without a login. */
 export function acknowledgeEnd(): void {
   ended.value = false;
 }
 
-export function openLogin(reason?: string): void {
-  wanted.value = { reason };
+export function openLogin(reason?: string, needs: Role = "operator"): void {
+  wanted.value = { reason, needs };
 }
 
 export function closeLogin(): void {

@@ -11,7 +11,7 @@ export function LockedPage({ page }: { page: Page }) {
       <Icon name="lock" />
       <h2>{texts.lockedTitle(page.title, page.needs)}</h2>
       <p>{body}</p>
-      <Button kind="primary" icon="user" onClick={() => openLogin(body)}>
+      <Button kind="primary" icon="user" onClick={() => openLogin(body, page.needs)}>
         {texts.logIn}
       </Button>
     </div>

@@ -23,18 +23,24 @@ export function rolesToOffer(everybodys: Role | undefined): Role[] {
   return (["operator", "admin"] as const).filter((wish) => !reaches(everybodys, wish));
 }
 
-export function LoginDialog() {
-  return loginRequest.value === undefined ? null : <OpenLoginDialog />;
+/** The least role that serves and that one doesn't have yet. */
+export function roleToSuggest(needed: Role, now: Role | undefined): Role {
+  return needed === "admin" || reaches(now, "operator") ? "admin" : "operator";
 }
 
-function OpenLoginDialog() {
+export function LoginDialog() {
+  const request = loginRequest.value;
+  return request && <OpenLoginDialog reason={request.reason} needs={request.needs} />;
+}
+
+function OpenLoginDialog({ reason, needs }: { reason: string | undefined; needs: Role }) {
+  const now = role.value;
   const offered = rolesToOffer(defaultRole.value);
-  const wish = useSignal<Role>(offered[0] ?? "admin");
+  const wish = useSignal<Role>(roleToSuggest(needs, now));
   const password = useSignal("");
   const problem = useSignal<"wrong" | "unreachable" | undefined>(undefined);
   const busy = useSignal(false);
   const form = useRef<HTMLFormElement>(null);
-  const now = role.value;
   const isLoggedIn =
     now !== undefined && defaultRole.value !== undefined && now !== defaultRole.value;
 
@@ -75,7 +81,7 @@ function OpenLoginDialog() {
         </>
       }
     >
-      {loginRequest.value?.reason && <p>{loginRequest.value.reason}</p>}
+      {reason && <p>{reason}</p>}
       {now !== undefined && <p class="hint">{texts.loggedInAs(texts.roleNames[now])}</p>}
       {offered.length === 0 ? (
         <p>{texts.loginNeedless}</p>
