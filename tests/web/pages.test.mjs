@@ -93,3 +93,65 @@ for (const role of ["guest", "operator", "admin"]) {
     await page.context().close();
   });
 }
+
+// What the daemon never says, of every kind that JSON has.
+const oddAnswers = [null, true, 0, 1e308, "x", "<img src=x onerror=alert(1)>", [], {}, [[]], [null], [{}],
+  [1, 2, 3, 4, 5, 6, 7], Array(9).fill(null), { value: null }, { value: 3 }, { message: null },
+  [{ name: "a", suffix: "b", action: "running" }], [{ name: "g", _children: [null] }],
+  [{ name: "g", _children: [{ name: "s", load: 1 }] }], { connection: "c", message: [{ text: 3 }] },
+  { voltage: null, ext_power: true, num_chargers: 99, batteryType: "<b>", batteryLow: true,
+    batteryLowShutdownCounter: -5 },
+  { seq: 1, angle_min: 0, angle_increment: 1e308, range_min: -1, range_max: 1e308, ranges: [1e308, -1, null] },
+];
+
+test("whatever the daemon answers, every page still shows itself", async () => {
+  const page = await openPage(browser, robot);
+  await logIn(page, "admin");
+  let count = 0;
+  await page.route(/\/data\/(?!userrole)/, (route) => {
+    count += 1;
+    const odd = JSON.stringify(oddAnswers[count % oddAnswers.length]);
+    return route.fulfill({ contentType: "application/json", body: count % 9 === 0 ? "{" : odd });
+  });
+  for (const name of Object.keys(pages)) {
+    await page.evaluate((hash) => { location.hash = hash; }, `#/${name}`);
+    await page.locator("h1", { hasText: pages[name].heading }).waitFor();
+    const before = count;
+    await waitFor("odd answers", () => count >= before + oddAnswers.length, 15_000);
+  }
+  assert.deepEqual(complaintsOf(page), []);
+  await page.context().close();
+});
+
+test("what has not arrived yet is said to be missing, and is no zero", async () => {
+  const page = await openPage(browser, robot);
+  await page.route(/\/data\/(?!userrole)/, (route) => route.fulfill({ body: "" }));
+  await page.reload();
+  const main = page.locator("main");
+  await main.getByText("no data yet").nth(8).waitFor();
+  const text = await main.innerText();
+  assert.doesNotMatch(text, /\b0[.,]0|reports no|sent none|Nothing touches|No program|All services/);
+  await page.context().close();
+});
+
+test("what has the focus is never behind what stays in sight, on a phone", async () => {
+  const page = await openPage(browser, robot, { viewport: phone });
+  await logIn(page, "admin");
+  for (const name of ["io", "network", "config"]) {
+    await showPage(page, name);
+    await page.locator("h1").focus();
+    for (const key of ["Tab", "Shift+Tab"]) {
+      for (let count = 0; count < 15; count += 1) {
+        await page.keyboard.press(key);
+        const hidden = await page.evaluate(() => {
+          const { activeElement: element } = document;
+          const { left, top, width, height } = element.getBoundingClientRect();
+          const seen = document.elementFromPoint(left + width / 2, top + height / 2);
+          return element.closest("main") && !element.contains(seen) && element.outerHTML.slice(0, 120);
+        });
+        assert.ok(!hidden, `${name}: ${hidden}`);
+      }
+    }
+  }
+  await page.context().close();
+});

@@ -53,5 +53,4 @@ export const off = "off";
 export const records = "What else the robot tells";
 export const controllerInfo = "Controller";
 export const festoolCharger = "Charger of the battery pack";
-export const noRecord = "The robot has sent none.";
 export const toIo = "Go to the inputs and outputs";
