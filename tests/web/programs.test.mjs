@@ -265,6 +265,24 @@ test("running a program while another one runs asks first, and replaces it only 
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("the stop button stops the drive, and a running program on wish", async () => {
+  await install("endless.lv", endless);
+  await logIn(page, "operator");
+  await button("Run endless.lv").click();
+  await row("endless.lv").getByText("running").waitFor(timeout());
+  await page.evaluate(() => { location.hash = "#/overview"; });
+  await page.getByText("endless.lv is running").waitFor(timeout());
+  await button("Stop drive").click();
+  const stopProgram = button("Stop program too: endless.lv");
+  await stopProgram.waitFor(timeout());
+  await keepPicture(page, "programs-stop-too");
+  await page.getByText("endless.lv is running").waitFor();
+  await stopProgram.click();
+  await page.getByText("No program is running.").waitFor(timeout());
+  assert.equal(await stopProgram.count(), 0);
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("a program gets a new name, but never that of another one", async () => {
   await logIn(page, "operator");
   const [hello, square] = [textOf("hello.lv"), textOf("square.lv")];
