@@ -9,6 +9,8 @@ import { complaintsOf, keepPicture, openBrowser, openPage, phone } from "./suppo
 import { deadline, waitFor } from "./support/deadlines.mjs";
 import { RunningRobot } from "./support/programs.mjs";
 
+// Whole pages would be long in the guide.
+const inSight = { fullPage: false };
 const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "../..");
 const guide = readFileSync(path.join(root, "docs/user-guide/README.md"), "utf8");
 
@@ -41,12 +43,13 @@ async function pull(stick, [right, below], what, isThere) {
 
 const steps = {
   async "Log in"() {
-    await keepPicture(page, "walk-overview");
+    await page.getByText("Nearest obstacle").waitFor();
+    await keepPicture(page, "walk-overview", inSight);
     await page.getByRole("button", { name: /Guest/ }).click();
     const dialog = page.getByRole("dialog");
     await dialog.getByLabel("Role").selectOption({ label: "Admin" });
     await dialog.getByLabel("Password").fill("admin");
-    await keepPicture(page, "walk-login");
+    await keepPicture(page, "walk-login", inSight);
     await dialog.getByRole("button", { name: "Log in" }).click();
     await page.getByRole("button", { name: /Admin/ }).waitFor();
   },
@@ -113,7 +116,7 @@ const steps = {
     await page.getByLabel("Unlock driving").waitFor();
     await page.locator("[data-stick=move]").waitFor();
     await page.getByAltText("What the robot's camera sees").waitFor();
-    await keepPicture(page, "walk-phone");
+    await keepPicture(page, "walk-phone", inSight);
   },
 };
 

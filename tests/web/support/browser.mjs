@@ -59,8 +59,8 @@ export function complaintsOf(page, ...expected) {
   return page.complaints.filter((text) => !expected.some((pattern) => pattern.test(text)));
 }
 
-/** Keeps a picture of the whole page under this name. */
-export async function keepPicture(page, name) {
+/** Keeps a picture of the whole page under this name, or of what is in sight of it. */
+export async function keepPicture(page, name, { fullPage = true } = {}) {
   mkdirSync(pictures, { recursive: true });
-  await page.screenshot({ path: path.join(pictures, `${name}.png`), fullPage: true });
+  await page.screenshot({ path: path.join(pictures, `${name}.png`), fullPage });
 }
