@@ -102,11 +102,12 @@ export async function login(wish: Role, password: string): Promise<"ok" | "wrong
   return "ok";
 }
 
-export async function logout(): Promise<void> {
+/** Who did not ask for it finds again what was typed, after the next login. */
+export async function logout(byIntent = true): Promise<void> {
   const before = currentSid();
   adoptSid(newSid());
   const next = everybodys.value ?? (await askRole(currentSid(), false)) ?? "guest";
-  noteRole(next, true);
+  noteRole(next, byIntent);
   await forget(before);
 }
 

@@ -1,5 +1,6 @@
 import { type ReadonlySignal, signal } from "@preact/signals";
 import { addressOf } from "../data/requests";
+import { besideQueue } from "../data/scheduler";
 import { FramePace, type FrameProblem, frameProblem } from "./framePace";
 
 export interface Frame {
@@ -51,7 +52,7 @@ export class CameraFeed {
 
   async #ask(): Promise<void> {
     const { signal: ended } = this.#abort;
-    const outcome = await this.#fetch(ended);
+    const outcome = await besideQueue(() => this.#fetch(ended));
     if (ended.aborted) {
       return;
     }

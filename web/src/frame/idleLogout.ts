@@ -26,7 +26,7 @@ export function startIdleLogout(): void {
     const isAdminByLogin = role.value === "admin" && defaultRole.value !== "admin";
     if (isAdminByLogin && isIdleTooLong(now.value, lastInput)) {
       lastInput = Date.now();
-      void logout();
+      void logout(false);
       // As an error it stays until the person is back.
       toast(texts.idleLogout, { kind: "error" });
     }

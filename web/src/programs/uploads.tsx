@@ -1,4 +1,5 @@
 import { signal } from "@preact/signals";
+import { besideQueue } from "../data/scheduler";
 import { choose } from "../kit/questions";
 import { Toggle } from "../kit/Toggle";
 import * as texts from "../texts/programs";
@@ -46,6 +47,6 @@ export const uploads = createUploadQueue<File>({
     return list && new Set(list.map(fileNameOf));
   },
   readBase64,
-  send: sendUpload,
+  send: (...upload) => besideQueue(() => sendUpload(...upload)),
   askOverwrite,
 });

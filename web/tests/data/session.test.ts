@@ -95,3 +95,14 @@ test("the role of everybody is that of a session that never logged in", async ()
   await session.refreshDefaultRole();
   assert.equal(session.defaultRole.value, "admin");
 });
+
+test("a logout that nobody asked for counts as a session that ended", async () => {
+  await session.login("admin", password);
+  await session.logout(false);
+  assert.equal(session.role.value, "guest");
+  assert.equal(session.sessionEnded.value, true);
+  await session.login("admin", password);
+  assert.equal(session.sessionEnded.value, false);
+  await session.logout();
+  assert.equal(session.sessionEnded.value, false);
+});
