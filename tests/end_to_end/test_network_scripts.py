@@ -182,10 +182,12 @@ def test_output_that_is_no_utf_8_is_shown_as_far_as_possible(network):
 
 
 def test_the_daemon_answers_while_a_script_sleeps(network):
-    pid = network.start_long_run()
+    pid = network.start_long_run("echo begun")
     assert_answers_at_once(network.daemon)
     assert network.message() == ""
     os.kill(pid, signal.SIGKILL)
+    # A write before the daemon has heard of the end would be a second one during the run.
+    network.wait_for_message("begun\n")
     network.run("echo after", "after\n")
 
 
