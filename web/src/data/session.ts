@@ -7,17 +7,17 @@ import { adoptSid, currentSid, newSid } from "./sid";
 export type { Role } from "./roles";
 export { reaches } from "./roles";
 
-const rolePath = "/data/userrole";
-
-const known = signal<Role | undefined>(undefined);
-const everybodys = signal<Role | undefined>(undefined);
-const ended = signal(false);
 interface LoginRequest {
   readonly reason: string | undefined;
   /** The least role that serves. */
   readonly needs: Role;
 }
 
+const rolePath = "/data/userrole";
+
+const known = signal<Role | undefined>(undefined);
+const everybodys = signal<Role | undefined>(undefined);
+const ended = signal(false);
 const wanted = signal<LoginRequest | undefined>(undefined);
 
 /** What this tab's session may do; undefined until the daemon has said so. */
