@@ -1,5 +1,5 @@
-"""A controller's services for a test: group files, a unit directory and stubs in place of systemd's commands.
-The scripts that run on it are the real ones."""
+"""A controller's services for a test: group files, a unit directory, and recorders in the place of systemd's
+commands. The scripts that run on it are the real ones."""
 
 from __future__ import annotations
 
@@ -13,8 +13,8 @@ DATA = Path(__file__).parents[2] / "data" / "systemd"
 
 # Writes its arguments down, prints what the test has prepared for the verb, and can be the real program
 # on a root directory of the test's own.
-STUB = """#!/bin/sh
-printf '%s\\n' "$(basename "$0")" "$@" "" >>"$STUBS/calls"
+RECORDER = """#!/bin/sh
+printf '%s\\n' "$(basename "$0")" "$@" "" >>"$RECORDINGS/calls"
 for verb in list-units list-unit-files start stop mask unmask enable call; do
     case " $* " in *" $verb "*) break ;; esac
 done
@@ -25,8 +25,8 @@ case $verb in
         fi
         ;;
 esac
-[ ! -e "$STUBS/$verb" ] || cat "$STUBS/$verb"
-[ ! -e "$STUBS/$verb.fails" ] || { echo "Failed to connect to bus" >&2; exit 1; }
+[ ! -e "$RECORDINGS/$verb" ] || cat "$RECORDINGS/$verb"
+[ ! -e "$RECORDINGS/$verb.fails" ] || { echo "Failed to connect to bus" >&2; exit 1; }
 """
 
 
@@ -46,23 +46,23 @@ class Services:
         self.root = folder / "root"
         self.units = self.root / "etc" / "systemd" / "system"
         self.installed = self.root / "lib" / "systemd" / "system"
-        self.stubs = folder / "stubs"
-        for path in (self.groups, self.units, self.installed, self.stubs / "bin"):
+        self.recordings = folder / "recordings"
+        for path in (self.groups, self.units, self.installed, self.recordings / "bin"):
             path.mkdir(parents=True)
         for name in ("systemctl", "busctl"):
-            stub = self.stubs / "bin" / name
-            stub.write_text(STUB)
-            stub.chmod(0o755)
+            command = self.recordings / "bin" / name
+            command.write_text(RECORDER)
+            command.chmod(0o755)
 
     def group(self, text: str, name: str = "veltrano-daemons") -> None:
         (self.groups / name).write_bytes(text.encode())
 
     def prints(self, verb: str, recorded: str | bytes) -> None:
         data = recorded if isinstance(recorded, bytes) else (DATA / recorded).read_bytes()
-        (self.stubs / verb).write_bytes(data)
+        (self.recordings / verb).write_bytes(data)
 
     def fails(self, verb: str) -> None:
-        (self.stubs / f"{verb}.fails").touch()
+        (self.recordings / f"{verb}.fails").touch()
 
     def unit(self, name: str, install: str = "WantedBy=multi-user.target\n") -> Path:
         file = self.installed / f"{name}.service"
@@ -73,8 +73,8 @@ class Services:
         process = subprocess.run(
             [str(SCRIPTS / script), *arguments], stdin=subprocess.DEVNULL, capture_output=True,
             timeout=60, cwd="/", check=False,
-            env=os.environ | {"PATH": f"{self.stubs / 'bin'}:{os.environ['PATH']}",
-                              "STUBS": str(self.stubs), "TESSARAD_SERVICES": str(self.groups),
+            env=os.environ | {"PATH": f"{self.recordings / 'bin'}:{os.environ['PATH']}",
+                              "RECORDINGS": str(self.recordings), "TESSARAD_SERVICES": str(self.groups),
                               "TESSARAD_UNIT_DIR": str(self.units)} | environment)
         return Outcome(process.returncode, process.stdout.decode(), process.stderr.decode())
 
@@ -84,6 +84,6 @@ class Services:
 
     def calls(self) -> list[list[str]]:
         """The commands that have run, each with its arguments."""
-        file = self.stubs / "calls"
+        file = self.recordings / "calls"
         text = file.read_text() if file.exists() else ""
         return [call.split("\n") for call in text.split("\n\n") if call]
