@@ -36,10 +36,11 @@ function OneCharger({ resource, number }: { resource: Resource<Charger>; number:
 
 /** The paths of both chargers always answer: only the count tells which of them exist. */
 export function ChargerCard() {
-  const count = power.value.value?.numChargers ?? Number.NaN;
+  const known = power.value.value;
+  const count = known?.numChargers ?? 0;
   return (
     <Card title={texts.chargers}>
-      {count === 0 && <p class="hint">{texts.noCharger}</p>}
+      {known && count < 1 && <p class="hint">{texts.noCharger}</p>}
       {count > 0 && <OneCharger resource={charger0} number={0} />}
       {count > 1 && <OneCharger resource={charger1} number={1} />}
     </Card>
