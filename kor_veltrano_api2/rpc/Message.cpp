@@ -16,7 +16,13 @@ QByteArray line(QJsonObject message)
 
 QByteArray notificationLine(const QString& method, const QJsonObject& params)
 {
-    return line({{QStringLiteral("method"), method}, {QStringLiteral("params"), params}});
+    return notificationLineOf(method.toUtf8(),
+                              QJsonDocument(params).toJson(QJsonDocument::Compact));
+}
+
+QByteArray notificationLineOf(const QByteArray& method, const QByteArray& params)
+{
+    return R"({"jsonrpc":"2.0","method":")" + method + R"(","params":)" + params + "}\n";
 }
 
 QByteArray requestLine(const QJsonValue& id, const QString& method, const QJsonObject& params)

@@ -17,7 +17,10 @@ constexpr int methodNotFound = -32601;
 // JSON-RPC's error code for a request whose params do not fit its method.
 constexpr int invalidParams = -32602;
 
+// A method is a name of the protocol, which holds nothing that JSON would escape.
 QByteArray notificationLine(const QString& method, const QJsonObject& params);
+// The same from the text of a JSON object, at a tenth of the cost: for what is sent all the time.
+QByteArray notificationLineOf(const QByteArray& method, const QByteArray& params);
 // params is left out where it is empty.
 QByteArray requestLine(const QJsonValue& id, const QString& method, const QJsonObject& params);
 QByteArray resultLine(const QJsonValue& id, const QJsonValue& result);

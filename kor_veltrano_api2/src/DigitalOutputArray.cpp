@@ -10,7 +10,7 @@ DigitalOutputArray::~DigitalOutputArray() = default;
 
 void DigitalOutputArray::setValues(const int* values, unsigned int count)
 {
-    detail::sendOutputs(QStringLiteral("digitalOutputArray.setValues"), values, count);
+    detail::sendOutputs(QByteArrayLiteral("digitalOutputArray.setValues"), values, count);
 }
 
 } // namespace kor::veltrano::api2

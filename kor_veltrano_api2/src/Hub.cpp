@@ -7,16 +7,20 @@
 
 namespace kor::veltrano::api2::detail {
 
-void Hub::sendCommand(const QString& method, const QJsonObject& params)
+void Hub::sendCommand(const QByteArray& method, const QByteArray& params)
 {
-    const QByteArray line = rpc::notificationLine(method, params);
+    const QByteArray line = rpc::notificationLineOf(method, params);
     {
         const std::lock_guard lock(mutex);
         if (!outbox.isOpen()) {
             return;
         }
+        const bool isFirst = outbox.isEmpty();
         if (!outbox.add(line)) {
             end();
+        } else if (!isFirst) {
+            // Whoever gave the first of the lines that wait wakes the socket's thread for all.
+            return;
         }
     }
     wakeup.notify();

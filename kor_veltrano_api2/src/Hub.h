@@ -13,8 +13,7 @@
 #include "Subscription.h"
 #include "Wakeup.h"
 
-#include <QJsonObject>
-#include <QString>
+#include <QByteArray>
 
 #include <cstdint>
 #include <mutex>
@@ -36,8 +35,9 @@ public:
         return copy(state);
     }
 
-    // Sends a notification, or drops it where the connection is not up.
-    void sendCommand(const QString& method, const QJsonObject& params);
+    // Sends a notification, or drops it where the connection is not up. params is the text of a
+    // JSON object.
+    void sendCommand(const QByteArray& method, const QByteArray& params);
 
     void addCamera(CameraSlot* slot, int com);
     void bindCamera(CameraSlot* slot, int com);

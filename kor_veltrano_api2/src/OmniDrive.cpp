@@ -2,9 +2,22 @@
 
 #include "Library.h"
 
+#include <QByteArray>
+#include <QLocale>
+
 #include <cmath>
 
 namespace kor::veltrano::api2 {
+
+namespace {
+
+// The shortest text that reads back as the same number.
+QByteArray number(float value)
+{
+    return QByteArray::number(static_cast<double>(value), 'g', QLocale::FloatingPointShortest);
+}
+
+} // namespace
 
 // The drive sends no event over this connection, so its objects need not be known.
 OmniDrive::OmniDrive() = default;
@@ -19,10 +32,9 @@ void OmniDrive::setVelocity(float vx, float vy, float omega)
     if (!std::isfinite(vx) || !std::isfinite(vy) || !std::isfinite(omega)) {
         return;
     }
-    detail::library().hub.sendCommand(QStringLiteral("omniDrive.setVelocity"),
-                                      {{QStringLiteral("vx"), static_cast<double>(vx)},
-                                       {QStringLiteral("vy"), static_cast<double>(vy)},
-                                       {QStringLiteral("omega"), static_cast<double>(omega)}});
+    detail::library().hub.sendCommand(QByteArrayLiteral("omniDrive.setVelocity"),
+                                      R"({"omega":)" + number(omega) + R"(,"vx":)" + number(vx)
+                                          + R"(,"vy":)" + number(vy) + "}");
 }
 
 } // namespace kor::veltrano::api2

@@ -18,6 +18,7 @@ public:
     static constexpr std::size_t maxBytes = std::size_t(1024) * 1024;
 
     bool isOpen() const { return open; }
+    bool isEmpty() const { return lines.empty(); }
     // Empty and open for lines of a new connection.
     void start();
     // Takes no more lines; those that wait stay until the connection's last attempt to send.

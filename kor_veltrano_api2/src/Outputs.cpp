@@ -2,17 +2,16 @@
 
 #include "Library.h"
 
-#include <QJsonArray>
-
 namespace kor::veltrano::api2::detail {
 
-void sendOutputs(const QString& method, const int* values, unsigned int count)
+void sendOutputs(const QByteArray& method, const int* values, unsigned int count)
 {
-    QJsonArray bits;
+    QByteArray params = R"({"values":[)";
     for (unsigned int i = 0; i < count; ++i) {
-        bits.append(values[i] != 0 ? 1 : 0);
+        params += i == 0 ? "" : ",";
+        params += values[i] != 0 ? '1' : '0';
     }
-    library().hub.sendCommand(method, {{QStringLiteral("values"), bits}});
+    library().hub.sendCommand(method, params + "]}");
 }
 
 } // namespace kor::veltrano::api2::detail

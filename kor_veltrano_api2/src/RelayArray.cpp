@@ -10,7 +10,7 @@ RelayArray::~RelayArray() = default;
 
 void RelayArray::setValues(const int* values, unsigned int count)
 {
-    detail::sendOutputs(QStringLiteral("relayArray.setValues"), values, count);
+    detail::sendOutputs(QByteArrayLiteral("relayArray.setValues"), values, count);
 }
 
 } // namespace kor::veltrano::api2

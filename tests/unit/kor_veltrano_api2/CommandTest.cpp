@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <thread>
 
 using namespace kor::veltrano::api2;
 using namespace std::chrono_literals;
@@ -26,16 +27,21 @@ protected:
 TEST_F(CommandTest, VelocityTravelsAsTheSameFloats)
 {
     ScriptedPeer peer = connect();
-    drive.setVelocity(0.1F, -1.0F / 3, std::numeric_limits<float>::denorm_min());
-    const QJsonObject command = peer.readCommand();
-    EXPECT_EQ(command["method"], "omniDrive.setVelocity");
-    EXPECT_FALSE(command.contains("id"));
-    const QJsonObject params = paramsOf(command);
-    EXPECT_EQ(params.keys(), (QStringList{"omega", "vx", "vy"}));
-    EXPECT_EQ(static_cast<float>(params["vx"].toDouble()), 0.1F);
-    EXPECT_EQ(static_cast<float>(params["vy"].toDouble()), -1.0F / 3);
-    EXPECT_EQ(static_cast<float>(params["omega"].toDouble()),
-              std::numeric_limits<float>::denorm_min());
+    using Limits = std::numeric_limits<float>;
+    constexpr float vy = -1.0F / 3;
+    for (const float vx : {0.1F, 0.0F, -2.0001F, 1e-5F, Limits::max(), Limits::lowest(),
+                           Limits::denorm_min(), std::nextafter(1.0F, 2.0F)}) {
+        drive.setVelocity(vx, vy, 2);
+        const QJsonObject command = peer.readCommand();
+        EXPECT_EQ(command["jsonrpc"], "2.0");
+        EXPECT_EQ(command["method"], "omniDrive.setVelocity");
+        EXPECT_FALSE(command.contains("id"));
+        const QJsonObject params = paramsOf(command);
+        EXPECT_EQ(params.keys(), (QStringList{"omega", "vx", "vy"}));
+        EXPECT_EQ(static_cast<float>(params["vx"].toDouble()), vx);
+        EXPECT_EQ(static_cast<float>(params["vy"].toDouble()), vy);
+        EXPECT_EQ(params["omega"], 2);
+    }
 }
 
 TEST_F(CommandTest, OutputsAndRelaysTravelAsZerosAndOnes)
@@ -50,6 +56,8 @@ TEST_F(CommandTest, OutputsAndRelaysTravelAsZerosAndOnes)
     const QJsonObject second = peer.readCommand();
     EXPECT_EQ(second["method"], "relayArray.setValues");
     EXPECT_EQ(paramsOf(second), (QJsonObject{{"values", QJsonArray{1, 0}}}));
+    RelayArray().setValues(outputs.data(), 0);
+    EXPECT_EQ(paramsOf(peer.readCommand()), (QJsonObject{{"values", QJsonArray()}}));
 }
 
 TEST_F(CommandTest, VelocitiesThatAreNoNumbersAreDropped)
@@ -71,6 +79,29 @@ TEST_F(CommandTest, OrderOfOneThreadIsKept)
     }
     for (int i = 0; i < count; ++i) {
         ASSERT_EQ(paramsOf(peer.readCommand())["vx"], i);
+    }
+}
+
+TEST_F(CommandTest, EveryCommandOfSeveralThreadsArrives)
+{
+    ScriptedPeer peer = connect();
+    constexpr int count = 1'000;
+    const auto commandAll = [](float vy) {
+        for (int i = 0; i < count; ++i) {
+            OmniDrive().setVelocity(static_cast<float>(i), vy, 0);
+        }
+    };
+    std::array<std::thread, 3> threads;
+    for (std::size_t i = 0; i < threads.size(); ++i) {
+        threads[i] = std::thread(commandAll, static_cast<float>(i));
+    }
+    std::array<int, threads.size()> next{};
+    for (std::size_t i = 0; i < threads.size() * count; ++i) {
+        const QJsonObject params = paramsOf(peer.readCommand());
+        EXPECT_EQ(params["vx"], next.at(static_cast<std::size_t>(params["vy"].toInt()))++);
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
     }
 }
 
