@@ -1,7 +1,7 @@
 // Shows the thread sanitizer the mutexes of Qt, whose code is not built for it.
 //
-// The linker puts these functions in the place of QMutex's (see the sanitizer's flags in cmake/), so
-// that what the product guards with a QMutex counts as guarded, and what it does not as a race.
+// The linker puts these functions in the place of QMutex's (see the sanitizer's flags in cmake/),
+// so that what the product guards with a QMutex counts as guarded, and what it does not as a race.
 #include <sanitizer/tsan_interface.h>
 
 class QMutex;
