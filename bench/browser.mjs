@@ -12,8 +12,8 @@ import { fileURLToPath } from "node:url";
 
 process.env.TESSARAD_BIN_DIR = path.resolve(process.argv[2]);
 const minutes = Number(process.argv[3] ?? 5);
-// In which the program's lines come to their limit and the engine compiles most of the code.
-const warmUpMinutes = Math.max(5, minutes / 4);
+// In which the program's lines come to the limit that the page keeps.
+const warmUpMinutes = 5;
 const { openBrowser, openPage } = await import("../tests/web/support/browser.mjs");
 const { goTo, logIn } = await import("../tests/web/support/people.mjs");
 const { RunningRobot } = await import("../tests/web/support/programs.mjs");

@@ -19,7 +19,8 @@ constexpr int invalidParams = -32602;
 
 // A method is a name of the protocol, which holds nothing that JSON would escape.
 QByteArray notificationLine(const QString& method, const QJsonObject& params);
-// The same from the text of a JSON object, at a tenth of the cost: for what is sent all the time.
+// The same from the text of a JSON object, for what is sent all the time: to build the object and
+// to render it takes longer than all else that a command needs.
 QByteArray notificationLineOf(const QByteArray& method, const QByteArray& params);
 // params is left out where it is empty.
 QByteArray requestLine(const QJsonValue& id, const QString& method, const QJsonObject& params);

@@ -17,9 +17,12 @@ TEST(Outbox, GivesLinesInOrderAndOnce)
 {
     Outbox outbox;
     outbox.start();
+    EXPECT_TRUE(outbox.isEmpty());
     EXPECT_TRUE(outbox.add("one\n"));
     EXPECT_TRUE(outbox.add("two\n"));
+    EXPECT_FALSE(outbox.isEmpty());
     EXPECT_EQ(outbox.take(), "one\ntwo\n");
+    EXPECT_TRUE(outbox.isEmpty());
     EXPECT_TRUE(outbox.take().empty());
 }
 
