@@ -91,13 +91,14 @@ function installEndlessProgram(robot) {
  * compiled of it so far, and the numbers of nodes and listeners of all documents.
  */
 async function footprint(session) {
+  await session.send("HeapProfiler.collectGarbage");
+  const { metrics } = await session.send("Performance.getMetrics");
+  const metric = (name) => metrics.find((each) => each.name === name).value;
   const parts = [];
   const keep = ({ chunk }) => parts.push(chunk);
   session.on("HeapProfiler.addHeapSnapshotChunk", keep);
   await session.send("HeapProfiler.takeHeapSnapshot", { reportProgress: false });
   session.off("HeapProfiler.addHeapSnapshotChunk", keep);
-  const { metrics } = await session.send("Performance.getMetrics");
-  const metric = (name) => metrics.find((each) => each.name === name).value;
   return { heap: metric("JSHeapUsedSize"), ...bytesByKind(JSON.parse(parts.join(""))),
     nodes: metric("Nodes"), listeners: metric("JSEventListeners") };
 }
