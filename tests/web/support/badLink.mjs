@@ -25,11 +25,24 @@ export class BadLink {
     return `http://127.0.0.1:${this.#server.address().port}/`;
   }
 
+  // One timer for all that waits: timers of different lengths may ring in another order than they were set.
   #join(from, to) {
-    let due = 0;
+    const waiting = [];
+    let timer;
+    const passOn = () => {
+      timer = undefined;
+      while (waiting.length > 0) {
+        const left = Math.max(waiting[0].due, this.#stalledUntil) - performance.now();
+        if (left > 0) {
+          timer = setTimeout(passOn, Math.ceil(left));
+          return;
+        }
+        waiting.shift().work();
+      }
+    };
     const later = (work) => {
-      due = Math.max(due, Date.now() + this.delayMs(), this.#stalledUntil);
-      setTimeout(() => this.#afterStall(work), due - Date.now());
+      waiting.push({ due: performance.now() + this.delayMs(), work });
+      if (timer === undefined) passOn();
     };
     this.#sockets.add(from);
     from.on("data", (data) => later(() => to.writable && to.write(data)));
@@ -40,15 +53,9 @@ export class BadLink {
     from.on("error", () => {});
   }
 
-  #afterStall(work) {
-    const left = this.#stalledUntil - Date.now();
-    if (left > 0) setTimeout(() => this.#afterStall(work), left);
-    else work();
-  }
-
   /** Lets nothing through for so long; what comes meanwhile goes through afterwards. */
   stall(ms) {
-    this.#stalledUntil = Date.now() + ms;
+    this.#stalledUntil = performance.now() + ms;
   }
 
   close() {
