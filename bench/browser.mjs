@@ -12,8 +12,10 @@ import { fileURLToPath } from "node:url";
 
 process.env.TESSARAD_BIN_DIR = path.resolve(process.argv[2]);
 const minutes = Number(process.argv[3] ?? 5);
-// In which the program's lines come to the limit that the page keeps.
-const warmUpMinutes = 5;
+// In which the program's lines come to the limit that the page keeps, and each page is opened about as often
+// as in half an hour of soak, so that the engine has compiled nearly all that it will.
+const warmUp = { minutes: 5, stayMs: 250 };
+const soakStayMs = 2000;
 const { openBrowser, openPage } = await import("../tests/web/support/browser.mjs");
 const { goTo, logIn } = await import("../tests/web/support/people.mjs");
 const { RunningRobot } = await import("../tests/web/support/programs.mjs");
@@ -123,24 +125,28 @@ async function tellSoak(browser, robot) {
   const session = await page.context().newCDPSession(page);
   await session.send("Performance.enable");
   const names = ["overview", "drive", "io", "programs", "services", "network", "config", "drive"];
-  const walk = async (seconds) => {
-    const end = Date.now() + seconds * 1000;
+  let visits = 0;
+  const walk = async ({ minutes: length, stayMs }) => {
+    const end = Date.now() + length * 60_000;
     for (let turn = 0; Date.now() < end; turn += 1) {
       await goTo(page, names[turn % names.length]);
-      await sleep(2000);
+      visits += 1;
+      await sleep(stayMs);
       // Somebody is there: an administrator who isn't is logged out.
       await page.keyboard.press("Shift");
     }
     await goTo(page, "about");
     await sleep(1000);
     const reading = await footprint(session);
-    console.log(Object.entries(reading).map(([name, value]) => `${name} ${value}`).join(", "));
+    console.log(Object.entries({ visits, ...reading }).map(([name, value]) => `${name} ${value}`).join(", "));
     return reading;
   };
-  console.log(`the soak begins with ${warmUpMinutes} min to warm up`);
-  const first = await walk(warmUpMinutes * 60);
+  console.log(`the soak begins with ${warmUp.minutes} min to warm up`);
+  const first = await walk(warmUp);
   let last;
-  for (let part = 0; part < soakReadings; part += 1) last = await walk((minutes * 60) / soakReadings);
+  for (let part = 0; part < soakReadings; part += 1) {
+    last = await walk({ minutes: minutes / soakReadings, stayMs: soakStayMs });
+  }
   for (const [name, goal] of Object.entries(goals.growthPercent)) {
     const growth = (last[name] / first[name] - 1) * 100;
     tell(`${name} in another ${minutes} min: ${first[name]} -> ${last[name]}, ${growth.toFixed(1)} %; `

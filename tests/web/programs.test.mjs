@@ -228,12 +228,12 @@ test("output can be held, filtered and saved", async () => {
   await output().getByText("tick 12").waitFor(timeout());
   await button("Stop ticks.lv").click();
   await row("ticks.lv").getByText("stopped").waitFor(timeout());
-  await page.getByLabel("Filter Output").fill("TICK 12");
+  await page.getByLabel("Filter").fill("TICK 12");
   await page.getByText("Lines: 1", { exact: true }).waitFor();
   assert.equal((await output().innerText()).trim(), "tick 12");
-  await page.getByLabel("Filter Output").fill("no such line");
+  await page.getByLabel("Filter").fill("no such line");
   await page.getByText("No line matches the filter.").waitFor();
-  await page.getByLabel("Filter Output").fill("");
+  await page.getByLabel("Filter").fill("");
   const begun = page.waitForEvent("download");
   await button("Save output").click();
   const saved = readFileSync(await (await begun).path(), "utf8");
@@ -366,9 +366,9 @@ test("output that floods the page shows gaps and leaves the page usable", async 
   }));
   assert.ok(longestMs < deadline(noticedMs), `the page stood still for ${longestMs} ms`);
   await keepPicture(page, "programs-flood");
-  await page.getByLabel("Filter Output").fill("missed");
+  await page.getByLabel("Filter").fill("missed");
   await page.getByText("No line matches the filter.").waitFor();
-  await page.getByLabel("Filter Output").fill("");
+  await page.getByLabel("Filter").fill("");
   await button("Stop flood.lv").click();
   await row("flood.lv").getByText("stopped").waitFor(timeout());
   const numbers = (await output().innerText()).split("\n").map((line) => /^line (\d+)$/.exec(line)?.[1])

@@ -4,7 +4,7 @@ import { linkState } from "../data/link";
 import { canAdminister } from "../data/session";
 import { Button } from "../kit/Button";
 import { Empty } from "../kit/Empty";
-import { TextInput } from "../kit/TextInput";
+import { SearchInput } from "../kit/SearchInput";
 import { Toggle } from "../kit/Toggle";
 import * as texts from "../texts/configuration";
 import { ConfigFileCard } from "./ConfigFileCard";
@@ -47,10 +47,8 @@ export function ConfigurationPage() {
   return (
     <div class="editing stack">
       <div class="row">
-        <TextInput
-          type="search"
-          placeholder={texts.search}
-          aria-label={texts.search}
+        <SearchInput
+          label={texts.search}
           value={search.value}
           onInput={(value) => {
             search.value = value;

@@ -4,7 +4,7 @@ import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
 import { Chip } from "../kit/Chip";
 import { Empty } from "../kit/Empty";
-import { TextInput } from "../kit/TextInput";
+import { SearchInput } from "../kit/SearchInput";
 import { Toggle } from "../kit/Toggle";
 import * as texts from "../texts/programs";
 import { OutputLines } from "./OutputLines";
@@ -36,14 +36,8 @@ export function OutputCard() {
         </>
       }
     >
-      <div class="tools">
-        <TextInput
-          type="search"
-          placeholder={texts.filter}
-          aria-label={`${texts.filter} ${texts.output}`}
-          value={filter}
-          onInput={setFilter}
-        />
+      <div class="row">
+        <SearchInput label={texts.filter} value={filter} onInput={setFilter} />
         <Toggle label={texts.follow} checked={follow} onChange={setFollow} />
         <Button
           icon={frozen ? "play" : "pause"}

@@ -5,7 +5,7 @@ import { useResource } from "../data/useResource";
 import { Age } from "../kit/Age";
 import { Card } from "../kit/Card";
 import { Empty } from "../kit/Empty";
-import { TextInput } from "../kit/TextInput";
+import { SearchInput } from "../kit/SearchInput";
 import { LoginHint } from "../programs/LoginHint";
 import * as texts from "../texts/services";
 import { services } from "./resources";
@@ -27,13 +27,7 @@ export function ServicesPage() {
     <div class="services stack">
       <LoginHint>{texts.needsOperator}</LoginHint>
       <div class="row">
-        <TextInput
-          type="search"
-          placeholder={texts.filter}
-          aria-label={texts.filter}
-          value={words}
-          onInput={setWords}
-        />
+        <SearchInput label={texts.filter} value={words} onInput={setWords} />
         <Age resource={services} />
       </div>
       {groups !== undefined && shown.length === 0 && (
