@@ -92,7 +92,8 @@ function installSettings(robot) {
 
 /** A program that drives about and prints more lines than the page keeps in a few minutes. */
 function installEndlessProgram(robot) {
-  const lines = ["set lap = 0", "repeat 1000000 times", "set lap = lap + 1",
+  // From a number on that gets no further digit, or all lines that are kept would grow by it.
+  const lines = ["set lap = 100000", "repeat 1000000 times", "set lap = lap + 1",
     "read distance 0 into ahead", "repeat 100 times", 'print "lap", lap, "ahead", ahead', "end",
     "drive 0.2 0 0.5 for 0.5", "end"];
   writeFileSync(path.join(robot.programs, "endless.lv"), `${lines.join("\n")}\n`);
