@@ -6,7 +6,7 @@
 // The soak goes through all pages at their full rates while a program drives and prints; an hour is the
 // goal's measure, and a few minutes show a leak as well. The heap holds, beside what the page keeps, the
 // code that the browser's engine compiles of it, which grows more and more slowly for about an hour.
-import { cpSync, readFileSync, rmSync, statSync, writeFileSync } from "node:fs";
+import { cpSync, existsSync, readFileSync, rmSync, statSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 
@@ -85,6 +85,10 @@ async function tellIdleCost(browser, robot) {
 
 /** Shows the demo's settings on the page of the configuration, where the bench preset looks for them. */
 function installSettings(robot) {
+  // Beside an installed daemon these would be the robot's own settings.
+  if (!existsSync(path.join(binaries, "../CMakeCache.txt"))) {
+    throw new Error(`${binaries} is not in a build's folder`);
+  }
   const directory = path.join(binaries, "../etc/veltrano");
   rmSync(directory, { recursive: true, force: true });
   cpSync(robot.configuration, directory, { recursive: true });

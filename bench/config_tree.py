@@ -67,6 +67,9 @@ def measure(rounds: int) -> tuple[list[float], list[float]]:
 
 def main() -> int:
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
+    # Beside an installed daemon the files would replace the robot's own settings.
+    if not (BINARIES.parent / "CMakeCache.txt").exists():
+        sys.exit(f"{BINARIES} is not in a build's folder")
     write_files()
     try:
         ratios, times = measure(rounds)
