@@ -6,8 +6,6 @@ import { deadline, waitFor } from "./support/deadlines.mjs";
 import { goTo, logIn, pushStickAhead, unlockDrive } from "./support/people.mjs";
 import { RunningRobot } from "./support/programs.mjs";
 
-// Long enough that requests hold their workers: short ones would measure how fast processes start.
-const slowStatusSeconds = 2;
 // The daemon's watchdog stops the robot when it hears nothing for so long.
 const watchdogMs = 400;
 // From the moment that a person lets go, a page is hidden or a link breaks.
@@ -25,7 +23,7 @@ before(async () => {
 });
 after(() => browser?.close());
 beforeEach(async () => {
-  robot = await RunningRobot.start({ slowStatusSeconds });
+  robot = await RunningRobot.start({ slowStatusSeconds: 0.4 });
   page = await openPage(browser, robot);
   await logIn(page, "operator");
 });
