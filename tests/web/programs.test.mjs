@@ -135,6 +135,17 @@ test("dropped files show how far they are until they are stored", async () => {
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("a file of 32 MiB is stored whole, and one byte more isn't sent", async () => {
+  await logIn(page, "operator");
+  const most = 32 * mebibyte;
+  await drop([{ name: "too-large.lv", size: most + 1 }, { name: "largest.lv", size: most }]);
+  await uploaded("too-large.lv").getByText("The file is larger than 32 MiB.").waitFor(timeout());
+  await uploaded("largest.lv").getByText("stored", { exact: true }).waitFor(timeout());
+  assert.equal(readFileSync(onDisk("largest.lv")).length, most);
+  assert.ok(!existsSync(onDisk("too-large.lv")));
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("a large upload that is cancelled in the middle leaves nothing, and the next one goes on", async () => {
   await logIn(page, "operator");
   const before = readdirSync(robot.programs).sort();
@@ -162,7 +173,7 @@ test("a file that is there already is replaced, kept beside or skipped, as one s
   await keepPicture(page, "programs-overwrite");
   await dialog().getByRole("button", { name: "Replace" }).click();
   await dialog().getByText("patrol.lv is on the robot already").waitFor(timeout());
-  await dialog().getByRole("button", { name: "Keep both" }).click();
+  await dialog().getByRole("button", { name: "Rename the new one" }).click();
   await dialog().getByText("square.lv is on the robot already").waitFor(timeout());
   await dialog().getByRole("button", { name: "Skip" }).click();
   await uploaded("square.lv").getByText("skipped").waitFor(timeout());
@@ -250,7 +261,7 @@ test("running a program while another one runs asks first, and replaces it only 
   assert.ok(await button("Remove endless.lv").isDisabled());
   await button("Run hello.lv").click();
   await dialog().getByText("Run hello.lv?").waitFor(timeout());
-  await dialog().getByText("endless.lv is running. It will be stopped and replaced.").waitFor();
+  await dialog().getByText("endless.lv is running. It will be replaced.").waitFor();
   await keepPicture(page, "programs-replace-running");
   await dialog().getByRole("button", { name: "Cancel" }).click();
   await dialog().waitFor({ state: "detached" });
@@ -353,7 +364,7 @@ test("output that floods the page shows gaps and leaves the page usable", async 
   await install("flood.lv", flood);
   await logIn(page, "operator");
   await button("Run flood.lv").click();
-  await output().getByText("some lines were missed here").nth(2).waitFor(timeout());
+  await output().getByText("gap: some lines were missed here").nth(2).waitFor(timeout());
   const longestMs = await page.evaluate(() => new Promise((resolve) => {
     let [longest, before] = [0, performance.now()];
     const end = before + 2000;

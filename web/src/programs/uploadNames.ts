@@ -53,13 +53,8 @@ export function freeFileName(fileName: string, taken: ReadonlySet<string>): stri
   }
 }
 
-export const maxBodyBytes = 32 * 1024 * 1024;
-
-/** The rest of the body: quotes, keys and the name, each character of which may be escaped. */
-const bodyOverheadBytes = 2048;
-
-/** The largest file whose Base64 text still fits into one body. */
-export const maxFileBytes = Math.floor((maxBodyBytes - bodyOverheadBytes) / 4) * 3;
+/** What one upload may hold: the daemon keeps a body whole, a few times over, while it reads it. */
+export const maxFileBytes = 32 * 1024 * 1024;
 
 /** The Base64 part of a data URL; an empty file's URL may have none. */
 export function base64Of(dataUrl: string): string {

@@ -24,8 +24,7 @@ export const logIn = "Log in";
 export const whileRunning = "Stop the program first.";
 export const newName = (file: string) => `New name of ${file}`;
 export const replaceTitle = (file: string) => `Run ${file}?`;
-export const replaceBody = (other: string) =>
-  `${other} is running. It will be stopped and replaced.`;
+export const replaceBody = (other: string) => `${other} is running. It will be replaced.`;
 export const replaceAction = "Stop it and run";
 export const removeTitle = (file: string) => `Remove ${file}?`;
 export const removeBody = "The file is deleted on the robot. This can't be undone.";
@@ -33,18 +32,18 @@ export const removeBody = "The file is deleted on the robot. This can't be undon
 export const upload = "Upload";
 export const drop = "Drop program files here, or";
 export const pick = "Choose files";
-export const dropHint = "Names need a dot, like square.lv. Files up to 25 MB.";
+export const dropHint = "Names need a dot, like square.lv. Files up to 32 MiB.";
 export const uploads = "Uploads";
 export const clear = "Clear list";
 export const progress = (name: string) => `Upload of ${name}`;
 export const overwriteTitle = (name: string) => `${name} is on the robot already`;
 export const overwriteForAll = (remaining: number) => `Do the same for ${remaining} more`;
-export const overwrite = { replace: "Replace", rename: "Keep both", skip: "Skip" };
+export const overwrite = { replace: "Replace", rename: "Rename the new one", skip: "Skip" };
 
 export const output = "Output";
 export const noOutput = "What a program prints appears here.";
 export const noMatch = "No line matches the filter.";
-export const gap = "some lines were missed here";
+export const gap = "gap: some lines were missed here";
 export const restart = "program started";
 export const filter = "Filter";
 export const follow = "Follow";
@@ -84,7 +83,7 @@ export const nameProblems: Readonly<Record<RenameProblem, string>> = {
 };
 
 const uploadOnlyProblems: Readonly<Record<Exclude<UploadProblem, RenameProblem>, string>> = {
-  tooLarge: "The file is too large for one upload.",
+  tooLarge: "The file is larger than 32 MiB.",
   unreadable: "The browser can't read this file.",
   unreachable: "The robot didn't answer.",
   refused: "The robot refused it. Uploads need the role operator.",

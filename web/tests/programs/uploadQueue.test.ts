@@ -96,12 +96,19 @@ test("a refusal and a lost link are told apart", async () => {
 
 test("bad names and files that are too large are not sent", async () => {
   const deps = robot();
-  const items = await uploaded(deps, file("noDot"), file("a/b.lv"), file("a.lv", 32 * 1024 * 1024));
+  const most = 32 * 1024 * 1024;
+  const items = await uploaded(
+    deps,
+    file("noDot"),
+    file("a/b.lv"),
+    file("a.lv", most + 1),
+    file("b.lv", most),
+  );
   assert.deepEqual(
     items.map((item) => item.problem),
-    ["noDot", "slash", "tooLarge"],
+    ["noDot", "slash", "tooLarge", undefined],
   );
-  assert.deepEqual(deps.sent, []);
+  assert.deepEqual(deps.sent, ["b.lv"]);
 });
 
 test("a file that is there already is asked about, with the number of those that wait", async () => {
