@@ -22,8 +22,8 @@ def last_line(text):
 def test_the_line_of_a_trial_has_its_fixed_form(site):
     _, text = site.eth(*WIRED)
     assert last_line(text) == (
-        "ROLLBACK 90 s: the settings are on trial. Send the same ones again within 90 s to keep "
-        "them, else the old ones come back.")
+        "ROLLBACK 90 s: the settings are on trial, confirm within 90 s by sending the same "
+        "ones again, else the old ones come back.")
     assert len(ROLLBACK.findall(text)) == 1
 
 

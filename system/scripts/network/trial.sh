@@ -151,7 +151,7 @@ finish_trial() {
         go_back
     fi
     rm -rf "$work"
-    say "ROLLBACK $delay s: the settings are on trial. Send the same ones again within $delay s to keep them, else the old ones come back."
+    say "ROLLBACK $delay s: the settings are on trial, confirm within $delay s by sending the same ones again, else the old ones come back."
     exit 0
 }
 

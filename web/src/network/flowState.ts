@@ -115,10 +115,19 @@ function trialUntil(state: FlowState, deadline: number): FlowState {
   return { ...state, stage: "trial", deadline, wish: undefined, oldMessage: state.message };
 }
 
+/** Somebody else's script may end a trial in words of its own: the files tell what it did. */
+function withoutOutcome(plan: FlowPlan, state: FlowState): End {
+  const matches = matchesSent(plan, state);
+  if (state.wish === "keep" && matches) {
+    return "kept";
+  }
+  return state.wish === "revert" && matches === false ? "reverted" : "noRollback";
+}
+
 function afterOutcome(plan: FlowPlan, state: FlowState, now: number): FlowState {
   const outcome = outcomeOf(state.message ?? "");
   if (outcome === undefined) {
-    return ended(state, "noRollback");
+    return ended(state, withoutOutcome(plan, state));
   }
   if (outcome.kind === "trial") {
     // A page that took a trial over knows better than the text how long it still is.

@@ -48,11 +48,12 @@ const ends: Readonly<Record<End, string>> = {
   refused: "The script refused the settings. Nothing was changed.",
   restored: "The new settings did not come up. The old ones are in force.",
   failed: "The new settings did not come up, and nor did the old ones.",
-  noRollback: "The script has ended, without a rollback: nothing brings the old settings back.",
+  noRollback:
+    "The script has ended. No rollback is installed: nothing brings the old settings back.",
   reverted: "The old settings are in force again.",
   expired: "The time ran out: the old settings are in force again.",
   unclear: "The time is over, but the new settings are still in the robot's files.",
-  silent: "The script has printed nothing new. What it did isn't known.",
+  silent: "No new output of the script. What it did isn't known.",
 };
 
 const answers = "The robot answers at ";
@@ -96,7 +97,7 @@ export function stageOf({ stage, end, written, wish }: FlowState): string {
     return "The time is over. Waiting for the old settings…";
   }
   return written === "accepted"
-    ? "The robot took the settings. Waiting for its script…"
+    ? "The robot accepted the settings. Waiting for its script…"
     : "Sending the settings…";
 }
 
@@ -125,7 +126,7 @@ export const panel = { eth: "Ethernet settings", wlan: "Wireless settings" };
 export const countdown = (seconds: number) => `${seconds} s left`;
 export const newAddress = "New address:";
 export const oldAddress = "Old address:";
-export const sameText = "The script printed nothing new: it may print the same as the last time.";
+export const sameText = "No new output: the script may print the same as the last time.";
 export const noText =
   "The script printed nothing. It may be missing, or another change has stopped it.";
 export const differs = "The robot's files hold otherwise:";

@@ -74,6 +74,30 @@ test("settings on trial are taken back by those from before", async () => {
   assert.match(robot.writes[1] ?? "", /10\.0\.0\.10/);
 });
 
+for (const [wish, end] of [
+  ["keep", "kept"],
+  ["revert", "reverted"],
+] as const) {
+  test(`a script with words of its own ends a trial: ${end}`, async () => {
+    const robot = new FakeRobot();
+    const { flow } = begin(robot);
+    robot.after(1500, () => {
+      robot.values = sent;
+      robot.message = "eth0 is up, confirm within 90 s\n";
+    });
+    robot.after(5000, () => void flow.ask(wish));
+    robot.onWrite = (count) => {
+      if (count === 2) {
+        robot.values = wish === "keep" ? robot.values : before;
+        robot.message = "done\n";
+      }
+      return "accepted";
+    };
+    await flow.start();
+    assert.equal(flow.state.end, end);
+  });
+}
+
 test("a trial that nobody confirms runs out", async () => {
   const robot = new FakeRobot();
   onTrial(robot, 20);

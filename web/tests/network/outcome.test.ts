@@ -3,7 +3,7 @@ import { test } from "node:test";
 import { outcomeOf } from "../../src/network/outcome";
 
 const trial =
-  "eth0:1 is off.\nROLLBACK 90 s: the settings are on trial. Send the same ones again within 90 s to keep them, else the old ones come back.\n";
+  "eth0:1 is off.\nROLLBACK 90 s: the settings are on trial, confirm within 90 s by sending the same ones again, else the old ones come back.\n";
 
 const cases: [string, ReturnType<typeof outcomeOf>][] = [
   [trial, { kind: "trial", seconds: 90 }],
@@ -12,6 +12,11 @@ const cases: [string, ReturnType<typeof outcomeOf>][] = [
   ["eth0: an address is needed.\nREFUSED: nothing was changed.\n", { kind: "refused" }],
   ["RESTORED: the old settings are in force.", { kind: "restored" }],
   ["FAILED: the old settings are back, but did not come up either.\n", { kind: "failed" }],
+  ["Applied. Confirm within 60 s.\n", { kind: "trial", seconds: 60 }],
+  ["eth0 is up\nconfirm within 90 s\n", { kind: "trial", seconds: 90 }],
+  ["confirm within 90 s\nCONFIRMED: the new settings are kept.\n", { kind: "confirmed" }],
+  ["confirm within 90 steps\n", undefined],
+  ["reconfirm within 90 s\n", undefined],
   ["", undefined],
   ["Done.\n", undefined],
   ["  CONFIRMED: indented by a command\n", undefined],
