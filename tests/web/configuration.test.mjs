@@ -212,7 +212,7 @@ test("edits outlive a restart of the daemon and a new login", async () => {
   await textField("volume").fill("55");
   await robot.restartDaemon();
   await page.getByText("Session ended").waitFor();
-  await page.getByText("Configuration needs an admin").waitFor();
+  await page.getByText("Configuration needs admin - log in").waitFor();
   assert.equal(await textField("volume").isVisible(), false);
   await keepPicture(page, "configuration-session-ended");
 
@@ -259,9 +259,9 @@ test("a password is shown only on wish and never in the diff, and an empty one i
 for (const role of ["guest", "operator"]) {
   test(`the ${role} is told that the configuration needs an admin`, async () => {
     if (role === "operator") await logIn(page, role, secret);
-    const link = page.getByRole("link", { name: /^Configuration\s*, needs admin$/ });
+    const link = page.getByRole("link", { name: /^Configuration\s*, needs admin - log in$/ });
     await link.click();
-    await page.getByRole("heading", { name: "Configuration needs an admin" }).waitFor();
+    await page.getByRole("heading", { name: "Configuration needs admin - log in" }).waitFor();
     assert.equal(await page.locator("main input, main select").count(), 0);
     await page.getByRole("main").getByRole("button", { name: "Log in" }).click();
     await dialog().getByText("Log in as admin.").waitFor();

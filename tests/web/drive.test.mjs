@@ -99,7 +99,7 @@ test("letting go stops the robot", async () => {
   const moment = now();
   await page.mouse.up();
   await assertStopped(moment);
-  await page.getByText("Ready", { exact: true }).waitFor();
+  await page.getByText("Armed", { exact: true }).waitFor();
 });
 
 test("the stop button stops the robot and locks the drive", async () => {
@@ -226,7 +226,7 @@ test("one tab takes the driving over from another", async () => {
   await second.bringToFront();
   const moment = now();
   await second.getByRole("button", { name: "Take over" }).click();
-  await second.getByText("Ready", { exact: true }).waitFor();
+  await second.getByText("Armed", { exact: true }).waitFor();
   await assertStopped(moment);
   await page.getByText("Locked", { exact: true }).waitFor();
   await page.getByText("Another tab of this browser took over or stopped the robot.").waitFor();

@@ -113,7 +113,7 @@ test("what was set is remembered over a reload, until one forgets it", async () 
   await logIn(page, "operator");
   await setAll(outputs(), ["Output 3"]);
   await page.reload();
-  await outputs().getByText(/Last set here .*Others may have changed it/).waitFor(timeout());
+  await outputs().getByText(/Last set here .*others may have changed it/).waitFor(timeout());
   assert.ok(await output(3).isChecked());
   await outputs().getByRole("button", { name: "Forget" }).click();
   assert.equal(await outputs().getByText("unknown").count(), 8);

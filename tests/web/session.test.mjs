@@ -50,7 +50,7 @@ test("a wrong password is said, and the role stays as it was", async () => {
   await dialog().getByLabel("Role").selectOption("admin");
   await dialog().getByLabel("Password").fill("operator");
   await page.keyboard.press("Enter");
-  await dialog().getByText("That is not the password of this role. Nothing has changed.").waitFor();
+  await dialog().getByText("Wrong password. Nothing has changed.").waitFor();
   await keepPicture(page, "session-wrong-password");
   await dialog().getByText("Your role now: operator").waitFor();
   assert.equal(await roleOf(await sidOf(page)), "operator");
@@ -68,7 +68,7 @@ test("a wrong password leaves a guest a guest", async () => {
   await dialog().getByText("To stop the robot, log in as operator or admin.").waitFor();
   await dialog().getByLabel("Password").fill("nobody's");
   await dialog().getByRole("button", { name: "Log in" }).click();
-  await dialog().getByText("That is not the password").waitFor();
+  await dialog().getByText("Wrong password").waitFor();
   await dialog().getByRole("button", { name: "Close" }).click();
   await roleChip("Guest").waitFor();
   assert.equal(await page.getByRole("button", { name: "Stop drive" }).count(), 0);
@@ -120,7 +120,7 @@ test("a login outlives a reload, and a logout ends it at the daemon too", async 
   await page.getByRole("button", { name: "Log in to stop" }).waitFor();
   await waitFor("the daemon to forget", async () => await roleOf(sid) === "guest");
   await goTo(page, "config");
-  await page.getByText("Configuration needs an admin").waitFor();
+  await page.getByText("Configuration needs admin - log in").waitFor();
   assert.equal(await page.getByText("Session ended").count(), 0, "who leaves needs no warning");
   assert.deepEqual(complaintsOf(page), []);
 });
@@ -129,7 +129,7 @@ test("a login that a restart of the daemon has ended is said", async () => {
   await openRobot();
   await logIn(page, "operator");
   await robot.restartDaemon();
-  const notice = page.getByText("Session ended – log in again.");
+  const notice = page.getByText("Session ended - log in again.");
   await notice.waitFor({ timeout: deadline(10_000) });
   await roleChip("Guest").waitFor();
   await keepPicture(page, "session-ended");

@@ -57,7 +57,7 @@ const steps = {
   async "Drive"() {
     await navigate("Drive");
     await page.getByLabel("Unlock driving").check({ force: true });
-    await page.getByText("Ready", { exact: true }).waitFor();
+    await page.getByText("Armed", { exact: true }).waitFor();
     await page.getByText("50 %", { exact: true }).click();
     let bumps = 0;
     const watch = setInterval(async () => { bumps += (await read("bumper")).value ? 1 : 0; }, 50);

@@ -21,7 +21,7 @@ export async function unlockDrive(page) {
   await goTo(page, "drive");
   const unlock = page.getByLabel("Unlock driving");
   await unlock.check({ force: true });
-  await page.getByText("Ready", { exact: true }).waitFor();
+  await page.getByText("Armed", { exact: true }).waitFor();
 }
 
 /** Presses the stick for ahead and sideways and pulls it ahead; the caller lets go of the mouse. */

@@ -17,7 +17,7 @@ function NavLink({ page, onFollow }: { page: Page; onFollow: () => void }) {
       <Icon name={page.icon} />
       <span>{page.title}</span>
       {isLocked && (
-        <span class="locked">
+        <span class="locked" title={texts.needs(page.needs)}>
           <Icon name="lock" />
           <span class="unseen">, {texts.needs(page.needs)}</span>
         </span>

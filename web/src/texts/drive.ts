@@ -4,11 +4,11 @@ import type { DriveState, LockReason } from "../drive/machine";
 import type { Velocity } from "../drive/velocity";
 import { formatNumber } from "../kit/format";
 
-export const unconfirmed = "Stop not confirmed – the robot stops by itself within 0.5 s.";
+export const unconfirmed = "Stop not confirmed - robot stops by itself within 0.5 s.";
 
 export const states: Record<DriveState, string> = {
   locked: "Locked",
-  armed: "Ready",
+  armed: "Armed",
   driving: "Driving",
   stopping: "Stopping",
 };
@@ -21,7 +21,7 @@ export const reasons: Record<LockReason, string> = {
   blur: "Locked: another window came to the front.",
   leaving: "Locked: the page was left.",
   offline: "Locked: the connection was lost.",
-  slow: "Locked: the link is too slow.",
+  slow: "Locked: link too slow.",
   role: "Locked: the login changed.",
   limits: "Locked: the robot refused the command.",
   gamepad: "Locked: the gamepad is gone.",

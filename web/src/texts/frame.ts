@@ -10,12 +10,12 @@ export const skip = "Skip to the content";
 export const pages = "Pages";
 export const status = "Robot";
 export const more = "More";
-export const pageTitle = (page: string, host: string) => `${page} – ${host}`;
+export const pageTitle = (page: string, host: string) => `${page} - ${host}`;
 export const unknownPage = "There is no such page.";
 export const overviewLink = "Go to the overview";
 
 export const stop = "Stop drive";
-export const stopHint = "Software stop – not a safety device, use the robot's emergency stop";
+export const stopHint = "Software stop - not a safety device, use the robot's emergency stop";
 export const stopLogin = "Log in to stop";
 export const stopLoginReason = "To stop the robot, log in as operator or admin.";
 export const stopStates = {
@@ -24,7 +24,7 @@ export const stopStates = {
   confirmed: "stopped",
   unconfirmed: "not confirmed",
 };
-export const stopUnconfirmed = "Stop not confirmed – the robot stops by itself within 0.5 s.";
+export const stopUnconfirmed = "Stop not confirmed - robot stops by itself within 0.5 s.";
 export const stopProgram = (name: string) => `Stop program too: ${name}`;
 
 export const roleUnknown = "…";
@@ -47,24 +47,23 @@ export const clear = "Clear";
 export const bumperLabel = (text: string) => `Bumper: ${text}`;
 export const bumperUnknown = "–";
 
-export const lostTitle = (time: string) => `No connection to robot since ${time} – retrying`;
+export const lostTitle = (time: string) => `No connection to robot since ${time} - retrying`;
 export const drivingElsewhere =
   "Another tab is driving. This one waits, so that no command is held up.";
-export const ended = "Session ended – log in again. What you have typed is kept.";
+export const ended = "Session ended - log in again. What you have typed is kept.";
 export const logIn = "Log in";
 export const stayGuest = "Go on without";
 
-export const lockedTitle = (page: string, needed: Role) =>
-  `${page} needs ${needed === "admin" ? "an admin" : "an operator"}`;
 export const lockedBody = (needed: Role) =>
   `Log in as ${needed === "admin" ? "admin" : "operator or admin"}.`;
-export const needs = (needed: Role) => `needs ${needed}`;
+export const needs = (needed: Role) => `needs ${needed} - log in`;
+export const lockedTitle = (page: string, needed: Role) => `${page} ${needs(needed)}`;
 export const waiting = "Asking the robot who you are…";
 
 export const loginTitle = "Log in";
 export const loginRole = "Role";
 export const loginPassword = "Password";
-export const loginWrong = "That is not the password of this role. Nothing has changed.";
+export const loginWrong = "Wrong password. Nothing has changed.";
 export const loginUnreachable = "The robot did not answer. Try again.";
 export const loggedInAs = (name: string) => `Your role now: ${name.toLowerCase()}`;
 export const loginNeedless = "No role needs a password on this robot: everybody is admin.";

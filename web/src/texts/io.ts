@@ -18,7 +18,7 @@ export const setAllTitle = (what: string) => `${what}: set all at once`;
 export const setAllBody = "Each of them is switched as shown here, whatever it is now.";
 export const apply = (count: number) => `Set all ${count}`;
 export const cancel = "Cancel";
-export const lastSet = (when: string) => `Last set here ${when}. Others may have changed it.`;
+export const lastSet = (when: string) => `Last set here ${when}; others may have changed it.`;
 export const forget = "Forget";
 export const forgetTitle = "Show them as unknown. Nothing is switched.";
 export const needsOperator = "Log in as operator to switch outputs and relays.";

@@ -29,9 +29,9 @@ export const supply = "Supply";
 export const external = "external power";
 export const fromBattery = "from the battery";
 export const chargers = "Chargers";
-export const low = "Battery low – charge the robot";
+export const low = "Battery low - charge the robot";
 export const shutdown = (count: number) =>
-  `Battery low – the robot counts down to its shutdown: ${count}`;
+  `Battery low - the robot counts down to its shutdown: ${count}`;
 export const charger = (number: number) => `Charger ${number}`;
 export const state = "State";
 export const current = "Charging current";

@@ -55,6 +55,6 @@ export const changeTexts: Readonly<
   failed: (_, name) => `${name} failed to start. Its status tells more.`,
   changing: (action, name) => `${name} is still ${action === "stop" ? "stopping" : "starting"}.`,
   refused: (_, name) => `The robot refused it, and ${name} is unchanged.`,
-  unreachable: (_, name) => `The robot didn't answer. No change of ${name} was seen.`,
-  notSeen: (_, name) => `No change of ${name} was seen in 10 s. Its status may tell why.`,
+  unreachable: (_, name) => `${name}: the robot didn't answer, no change seen.`,
+  notSeen: (_, name) => `${name}: no change seen in 10 s. Its status may tell why.`,
 };
