@@ -13,9 +13,9 @@ import { fileURLToPath } from "node:url";
 const binaries = path.resolve(process.argv[2]);
 process.env.TESSARAD_BIN_DIR = binaries;
 const minutes = Number(process.argv[3] ?? 5);
-// In which the program's lines come to the limit that the page keeps. Short visits make more of them: the
-// engine compiles what runs often, and what it has compiled then does not count as growth.
-const warmUp = { minutes: 5, stayMs: 50 };
+// The engine compiles what runs often, so that the number of visits counts and not their length; what it
+// has compiled then does not count as growth.
+const warmUp = { visits: 5000, stayMs: 50 };
 const soakStayMs = 2000;
 const { openBrowser, openPage } = await import("../tests/web/support/browser.mjs");
 const { goTo, logIn } = await import("../tests/web/support/people.mjs");
@@ -155,9 +155,9 @@ async function tellSoak(browser, robot) {
   await session.send("Performance.enable");
   const names = ["overview", "drive", "io", "programs", "services", "network", "config", "drive"];
   let visits = 0;
-  const walk = async ({ minutes: length, stayMs }) => {
+  const walk = async ({ minutes: length = Infinity, visits: most = Infinity, stayMs }) => {
     const end = Date.now() + length * 60_000;
-    for (let turn = 0; Date.now() < end; turn += 1) {
+    for (let turn = 0; turn < most && Date.now() < end; turn += 1) {
       await goTo(page, names[turn % names.length]);
       visits += 1;
       await sleep(stayMs);
@@ -174,7 +174,7 @@ async function tellSoak(browser, robot) {
   };
   // A program that does not run would leave the soak without most of its work.
   await page.getByText(`Lines: ${scrollback}`, { exact: true }).waitFor({ timeout: 120_000 });
-  console.log(`the soak begins with ${warmUp.minutes} min to warm up`);
+  console.log(`the soak begins with ${warmUp.visits} visits to warm up`);
   const first = await walk(warmUp);
   let last;
   for (let part = 0; part < soakReadings; part += 1) {

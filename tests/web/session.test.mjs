@@ -196,17 +196,25 @@ test("a tab asks for nothing while another one drives, and says so", async () =>
   const notice = second.getByText("Another tab is driving.");
   assert.equal(await notice.count(), 0);
   await page.bringToFront();
-  await unlockDrive(page);
-  await pushStickAhead(page);
-  await notice.waitFor();
-  await keepPicture(second, "session-another-tab-drives");
-  // Those that were on their way may still be sent.
-  await second.waitForTimeout(500);
   let count = 0;
   second.on("request", () => { count += 1; });
-  await page.mouse.move(600, 400);
-  await second.waitForTimeout(1500);
-  assert.equal(count, 0, "requests beside the driving");
+  // A machine that is busy with other things may be too slow for driving, which locks it: then once more.
+  for (let attempt = 1, isDriving = false; !isDriving; attempt += 1) {
+    assert.ok(attempt <= 4, "driving goes on for two seconds");
+    await page.mouse.up();
+    await unlockDrive(page);
+    await pushStickAhead(page);
+    await notice.waitFor();
+    await keepPicture(second, "session-another-tab-drives");
+    // Those that were on their way may still be sent.
+    await second.waitForTimeout(500);
+    count = 0;
+    await page.mouse.move(600, 400);
+    await second.waitForTimeout(1500);
+    const found = count;
+    isDriving = await page.getByText("Driving", { exact: true }).isVisible();
+    if (isDriving) assert.equal(found, 0, "requests beside the driving");
+  }
 
   await page.mouse.up();
   // The switch follows when the robot has stopped.
