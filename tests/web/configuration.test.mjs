@@ -167,6 +167,28 @@ test("only the changed settings are shown on wish, and each can be reset", async
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("the keyboard stays where it was when a button goes, and the result of saving comes into sight", async () => {
+  await page.setViewportSize({ width: 360, height: 640 });
+  await openConfiguration();
+  const hasFocus = (place) => place.evaluate((each) => each.contains(document.activeElement));
+  await textField("volume").fill("66");
+  await button("Reset volume").focus();
+  await page.keyboard.press("Enter");
+  const field = textField("volume").locator("xpath=ancestor::section");
+  await waitFor("a focus near by", () => hasFocus(field));
+  await textField("volume").fill("67");
+  await button("Review and save").focus();
+  await page.keyboard.press("Enter");
+  await dialog().getByRole("button", { name: "Save" }).focus();
+  await page.keyboard.press("Enter");
+  await report().waitFor();
+  await waitFor("the focus on the result", () => hasFocus(report()));
+  const { y } = await report().getByText("One setting is in the file now.").boundingBox();
+  assert.ok(y > 0 && y < 640, `the result is at ${y}`);
+  await keepPicture(page, "configuration-result");
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("a value that no line can hold is told and can't be saved", async () => {
   await openConfiguration();
   await textField("volume").fill("55 ");

@@ -181,6 +181,23 @@ test("the keyboard drives while Shift is held", async () => {
   await assertStopped(moment);
 });
 
+const takers = {
+  "a dialog": () => page.getByTitle("Log in or out").evaluate((each) => each.click()),
+  "a control": () => page.getByLabel("Unlock driving").focus(),
+};
+for (const [taker, take] of Object.entries(takers)) {
+  test(`the keyboard stops the robot when ${taker} takes the focus`, async () => {
+    await unlockDrive(page);
+    await page.evaluate(() => document.activeElement?.blur());
+    await page.keyboard.down("Shift");
+    await page.keyboard.down("w");
+    await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.05));
+    const moment = now();
+    await take();
+    await assertStopped(moment);
+  });
+}
+
 test("the keyboard drives after a speed was chosen with the mouse", async () => {
   await unlockDrive(page);
   await page.getByText("10 %", { exact: true }).click();

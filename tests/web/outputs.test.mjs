@@ -109,6 +109,27 @@ test("a single toggle sends what is remembered of the others, and the inputs fol
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("a switch keeps the keyboard's focus while its order is under way", async () => {
+  await logIn(page, "operator");
+  await setAll(outputs(), []);
+  await waitFor("the switches", () => output(2).isEnabled());
+  await output(2).focus();
+  const stops = () => sent("omniDrive.setVelocity").length;
+  const before = stops();
+  for (const isOn of [true, false, true]) {
+    await page.keyboard.press("Space");
+    await reachesRobot([0, 0, isOn ? 1 : 0, 0, 0, 0, 0, 0]);
+    await waitFor("the focus", () => output(2).evaluate((each) => each === document.activeElement));
+  }
+  await outputs().getByRole("button", { name: "Forget" }).focus();
+  await page.keyboard.press("Enter");
+  await outputs().getByText("unknown").first().waitFor();
+  await waitFor("a focus near by", () =>
+    outputs().evaluate((each) => each.contains(document.activeElement)));
+  assert.equal(stops(), before, "a space on a switch is no stop");
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("what was set is remembered over a reload, until one forgets it", async () => {
   await logIn(page, "operator");
   await setAll(outputs(), ["Output 3"]);

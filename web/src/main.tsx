@@ -9,6 +9,7 @@ import { startHeartbeat } from "./data/heartbeat";
 import { currentSid } from "./data/sid";
 import { App } from "./frame/App";
 import { Framed } from "./frame/Framed";
+import { keepFocus } from "./frame/focusKeeper";
 import { startIdleLogout } from "./frame/idleLogout";
 import { pages } from "./frame/pages";
 import { startRouter } from "./frame/router";
@@ -37,6 +38,7 @@ function start(element: HTMLElement): void {
   startClock();
   startHeartbeat();
   startShortcuts();
+  keepFocus(element);
   announceStops();
   startIdleLogout();
   followOtherTabs();

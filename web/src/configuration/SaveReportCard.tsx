@@ -1,3 +1,4 @@
+import { useEffect, useRef } from "preact/hooks";
 import { Button } from "../kit/Button";
 import { Card } from "../kit/Card";
 import { Icon } from "../kit/Icon";
@@ -15,12 +16,15 @@ function lineOf({ leaf, value, found }: NotTaken): string {
 
 export function SaveReportCard({ report, onClose }: { report: SaveReport; onClose: () => void }) {
   const taken = report.count - report.notTaken.length;
+  const outcome = useRef<HTMLDivElement>(null);
+  // Who saved may be far below, and the button that had the focus is gone.
+  useEffect(() => outcome.current?.focus(), [report]);
   return (
     <Card
       title={texts.report}
       aside={<Button icon="close" class="bare" aria-label={editing.close} onClick={onClose} />}
     >
-      <div class="stack" role="status">
+      <div ref={outcome} class="stack" role="status" tabIndex={-1}>
         {report.state !== "checked" && <p class="error">{texts.failures[report.state]}</p>}
         {report.state === "checked" && taken > 0 && (
           <p class="row">

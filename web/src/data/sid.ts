@@ -31,7 +31,11 @@ function initialSid(): string {
       return handed;
     }
   }
-  return globalThis.sessionStorage?.getItem(storageKey) ?? newSid();
+  try {
+    return globalThis.sessionStorage?.getItem(storageKey) ?? newSid();
+  } catch {
+    return newSid();
+  }
 }
 
 export function currentSid(): string {

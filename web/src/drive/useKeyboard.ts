@@ -37,8 +37,11 @@ export function useKeyboard(): void {
     const letGo = () => drive.setInput("keys", keys.clear());
     const stopKeys = listen(onKey, [document, "keydown", "keyup"]);
     const stopLosses = listen(letGo, [document, "visibilitychange"], [window, "blur"]);
+    const onFocus = ({ target }: Event) => belongsToControl(target) && letGo();
+    const stopFocus = listen(onFocus, [document, "focusin"]);
     return () => {
       stopKeys();
+      stopFocus();
       stopLosses();
       letGo();
     };

@@ -17,6 +17,7 @@ import { Select } from "../kit/Select";
 import { TextInput } from "../kit/TextInput";
 import { toast } from "../kit/toasts";
 import * as texts from "../texts/frame";
+import { mayLeave } from "./guards";
 
 /** Roles that everybody has need no login. */
 export function rolesToOffer(everybodys: Role | undefined): Role[] {
@@ -61,8 +62,10 @@ function OpenLoginDialog({ reason, needs }: { reason: string | undefined; needs:
   };
   const leave = async () => {
     closeLogin();
-    await logout();
-    toast(texts.loggedOut);
+    if (await mayLeave()) {
+      await logout();
+      toast(texts.loggedOut);
+    }
   };
   const errors = { wrong: texts.loginWrong, unreachable: texts.loginUnreachable };
 

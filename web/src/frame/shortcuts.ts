@@ -1,3 +1,4 @@
+import { focusOr } from "./focusKeeper";
 import { navigate } from "./guards";
 import { commandOf } from "./keys";
 import { pages } from "./pages";
@@ -22,7 +23,7 @@ export function startShortcuts(): void {
   addEventListener(
     "keydown",
     (event) => {
-      const command = commandOf(event, focusOf(event.target));
+      const command = commandOf(event, focusOf(focusOr(event.target)));
       if (command === undefined) {
         return;
       }

@@ -2,8 +2,9 @@ import { effect, type ReadonlySignal, signal } from "@preact/signals";
 import { canOperate } from "../data/session";
 import { driveStop, stopDrive } from "../drive/stop";
 import { toast } from "../kit/toasts";
-import { readPrograms, stop } from "../programs/programActions";
+import { stop } from "../programs/programActions";
 import { fileNameOf, runningProgram } from "../programs/programList";
+import { programs } from "../programs/resources";
 import * as texts from "../texts/frame";
 
 const offeredMs = 15_000;
@@ -28,7 +29,9 @@ export function stopAll(): void {
 }
 
 async function offerProgram(): Promise<void> {
-  const running = runningProgram((await readPrograms()) ?? []);
+  const outcome = await programs.refresh();
+  const running =
+    outcome.state === "answer" ? runningProgram(programs.value.peek() ?? []) : undefined;
   withdraw();
   if (running !== undefined) {
     offered.value = {
