@@ -59,17 +59,17 @@ function follow(form: NetworkForm, plan: FlowPlan, bodies: ApplyFlow["bodies"], 
   return flow;
 }
 
-function handed(plan: FlowPlan, { stage, deadline }: FlowState): HandedFlow | undefined {
-  const isOpen = stage === "trial" || stage === "waiting";
-  return isOpen
-    ? {
+/** Also what has ended goes along, with its end still to be read; but not what never showed one. */
+function handed(plan: FlowPlan, { stage, end, deadline }: FlowState): HandedFlow | undefined {
+  return end === "silent"
+    ? undefined
+    : {
         network: plan.network,
         until: stage === "trial" ? deadline : 0,
         from: location.hostname,
         oldText: fingerprint(plan.oldMessage ?? ""),
         dns: plan.sent["wlan0/dns"] ?? "",
-      }
-    : undefined;
+      };
 }
 
 /** What the robot shows now is what is edited next. */

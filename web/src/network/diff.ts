@@ -25,7 +25,7 @@ export function canBeReadBack(device: string, leafName: string): boolean {
   return !(leafName === "dns" && !device.startsWith("eth"));
 }
 
-/** The leaves that the robot shows otherwise than they were sent: what did not take effect. */
+/** What did not take effect: from what the robot shows to what it was sent. */
 export function notTaken(tree: NetworkTree, sent: Values, shown: Values): Change[] {
   const isWired = tree.some(({ name }) => name.startsWith("eth"));
   const meaning = new Set(
@@ -35,7 +35,7 @@ export function notTaken(tree: NetworkTree, sent: Values, shown: Values): Change
         .map((leaf) => keyOf(name, leaf.name)),
     ),
   );
-  return changesBetween(tree, sent, shown).filter(
+  return changesBetween(tree, shown, sent).filter(
     ({ device, leafName, from, to }) =>
       meaning.has(keyOf(device, leafName)) &&
       !(isWired && leafName === "dns" && withoutEnd(from) === withoutEnd(to)),

@@ -35,6 +35,8 @@ export interface FlowState {
   readonly stage: Stage;
   readonly end: End | undefined;
   readonly startedAt: number;
+  /** When the robot was last heard without a new text: a trial has begun after it. */
+  readonly silentAt: number;
   /** When the countdown is over. */
   readonly deadline: number;
   /** How the daemon took the last write. */
@@ -67,6 +69,7 @@ export function beginFlow(plan: FlowPlan, now: number): FlowState {
     stage: "sending",
     end: undefined,
     startedAt: now,
+    silentAt: now,
     deadline: now + patienceMs,
     written: undefined,
     message: plan.oldMessage,
@@ -91,7 +94,14 @@ export function afterWrite(state: FlowState, written: Written, now: number): Flo
   }
   return written === "refused"
     ? { ...state, written, stage: "ended", end: "notAccepted" }
-    : { ...state, written, stage: "waiting", startedAt: now, deadline: now + patienceMs };
+    : {
+        ...state,
+        written,
+        stage: "waiting",
+        startedAt: now,
+        silentAt: now,
+        deadline: now + patienceMs,
+      };
 }
 
 export function afterWish(state: FlowState, wish: Wish): FlowState {
@@ -132,7 +142,9 @@ function afterOutcome(plan: FlowPlan, state: FlowState, now: number): FlowState 
   if (outcome.kind === "trial") {
     // A page that took a trial over knows better than the text how long it still is.
     const isResumed = state.stage === "trial" && state.oldMessage === undefined;
-    return trialUntil(state, isResumed ? state.deadline : now + outcome.seconds * 1000);
+    const until = isResumed ? state.deadline : state.silentAt + outcome.seconds * 1000;
+    const trial = trialUntil(state, until);
+    return now < until ? trial : afterExpiry(plan, trial, now);
   }
   if (outcome.kind === "refused" && state.stage !== "waiting") {
     // A refused confirmation leaves the trial as it is.
@@ -173,12 +185,14 @@ function reachOf({ reachesOld, reachesNew }: Observation): Reach {
 }
 
 export function afterObservation(plan: FlowPlan, before: FlowState, seen: Observation): FlowState {
-  const state: FlowState = {
+  const heard: FlowState = {
     ...before,
     message: seen.message ?? before.message,
     shown: seen.shown,
     reach: reachOf(seen),
   };
+  const isSilent = seen.message !== undefined && !hasNewText(heard);
+  const state = isSilent ? { ...heard, silentAt: seen.now } : heard;
   if (state.stage === "ended" || state.stage === "sending") {
     return state;
   }

@@ -54,7 +54,7 @@ test("settings on trial are kept by the same settings once more", async () => {
   assert.equal(robot.writes.length, 2);
   assert.equal(robot.writes[0], robot.writes[1]);
   const trial = states.find(({ stage }) => stage === "trial");
-  assert.equal((trial?.deadline ?? 0) - 1_000_000, 2000 + 90_000);
+  assert.equal((trial?.deadline ?? 0) - 1_000_000, 1000 + 90_000);
 });
 
 test("settings on trial are taken back by those from before", async () => {
@@ -106,6 +106,37 @@ test("a trial that nobody confirms runs out", async () => {
   await flow.start();
   assert.equal(flow.state.end, "expired");
   assert.ok(states.some(({ stage }) => stage === "expiring"));
+});
+
+test("a trial that ended while the robot was out of reach is not taken for a new one", async () => {
+  const robot = new FakeRobot();
+  const { flow, states } = begin(robot);
+  robot.after(1500, () => {
+    robot.answersAtOld = false;
+  });
+  robot.after(93_000, () => {
+    robot.answersAtOld = true;
+    robot.message = trialText(90);
+  });
+  await flow.start();
+  assert.equal(flow.state.end, "expired");
+  assert.ok(states.every(({ stage }) => stage !== "trial"));
+});
+
+test("a trial that began while the robot was out of reach never seems longer than it is", async () => {
+  const robot = new FakeRobot();
+  const { flow, states } = begin(robot);
+  robot.after(1500, () => {
+    robot.answersAtOld = false;
+  });
+  robot.after(40_000, () => {
+    robot.answersAtOld = true;
+    robot.values = sent;
+    robot.message = trialText(90);
+  });
+  await flow.start();
+  const trial = states.find(({ stage }) => stage === "trial");
+  assert.ok(trial && trial.deadline <= 1_000_000 + 1500 + 90_000);
 });
 
 test("new settings that outlive their trial are told apart", async () => {

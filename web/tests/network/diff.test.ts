@@ -30,7 +30,7 @@ test("what is read back otherwise is not taken", () => {
   const sent = { ...valuesOf(wired), "eth0/address": "192.168.0.11" };
   assert.deepEqual(
     notTaken(wired, sent, valuesOf(wired)).map(({ leafName, from, to }) => [leafName, from, to]),
-    [["address", "192.168.0.11", "192.168.0.10"]],
+    [["address", "192.168.0.10", "192.168.0.11"]],
   );
 });
 
