@@ -7,23 +7,10 @@ const limitAtRest = 4;
 const limitWhileDriving = 3;
 
 let driving = false;
-let besides = 0;
 const drivingListeners = new Set<(driving: boolean) => void>();
 
 /** Leaves two connections to the control lane, which may have two zeros under way. */
-export const backgroundQueue = new RequestQueue(() =>
-  Math.min(driving ? limitWhileDriving : limitAtRest, limitAtRest - besides),
-);
-
-/** Runs at once, beside the queue, which makes room for it. */
-export async function besideQueue<T>(job: () => Promise<T>): Promise<T> {
-  besides += 1;
-  try {
-    return await job();
-  } finally {
-    besides -= 1;
-  }
-}
+export const backgroundQueue = new RequestQueue(() => (driving ? limitWhileDriving : limitAtRest));
 
 const paused = signal<string | undefined>(undefined);
 

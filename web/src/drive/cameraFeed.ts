@@ -1,6 +1,6 @@
 import { type ReadonlySignal, signal } from "@preact/signals";
 import { addressOf } from "../data/requests";
-import { besideQueue } from "../data/scheduler";
+import { backgroundQueue } from "../data/scheduler";
 import { FramePace, type FrameProblem, frameProblem } from "./framePace";
 
 export interface Frame {
@@ -52,7 +52,7 @@ export class CameraFeed {
 
   async #ask(): Promise<void> {
     const { signal: ended } = this.#abort;
-    const outcome = await besideQueue(() => this.#fetch(ended));
+    const outcome = await backgroundQueue.run(() => this.#fetch(ended), "front");
     if (ended.aborted) {
       return;
     }
@@ -69,6 +69,9 @@ export class CameraFeed {
   }
 
   async #fetch(ended: AbortSignal): Promise<Blob | FrameProblem> {
+    if (ended.aborted) {
+      return "unreachable";
+    }
     const patience = new AbortController();
     const giveUp = () => patience.abort();
     const timer = setTimeout(giveUp, timeoutMs);

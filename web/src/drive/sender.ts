@@ -126,8 +126,8 @@ export class Sender {
     this.#zeros += 1;
     const number = this.#zeros;
     this.#send(standstill, (answer) => {
-      if (number >= leastZeros && answer !== "unreachable") {
-        this.#endStop(answer === "accepted");
+      if (number >= leastZeros && answer === "accepted") {
+        this.#endStop(true);
       }
     });
   }

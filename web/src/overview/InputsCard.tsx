@@ -9,8 +9,9 @@ import { Readings } from "./Readings";
 export function InputsCard() {
   useResource(analogInputs);
   useResource(digitalInputs);
+  const aged = analogInputs.freshness.value === "fresh" ? digitalInputs : analogInputs;
   return (
-    <Card title={texts.inputs} aside={<Age resource={analogInputs} />}>
+    <Card title={texts.inputs} aside={<Age resource={aged} />}>
       <div class="inputs">
         <Readings
           stale={analogInputs.freshness.value !== "fresh"}

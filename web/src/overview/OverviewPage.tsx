@@ -1,5 +1,6 @@
 import { linkState } from "../data/link";
 import { odometry } from "../data/resources";
+import { pollingPaused } from "../data/scheduler";
 import { Card } from "../kit/Card";
 import { Icon } from "../kit/Icon";
 import { RobotView } from "../robotView/RobotView";
@@ -15,7 +16,8 @@ import "./overview.css";
 
 /** The daemon goes on giving its last readings when it has lost the robot: only their number stands. */
 function RobotSilent() {
-  const isSilent = odometry.freshness.value === "stale" && linkState.value === "connected";
+  const isAsked = linkState.value === "connected" && pollingPaused.value === undefined;
+  const isSilent = odometry.freshness.value === "stale" && isAsked;
   return (
     <div role="status">
       {isSilent && (

@@ -12,6 +12,10 @@ export function sendUpload(
   abort: AbortSignal,
 ): Promise<SendOutcome> {
   return new Promise((resolve) => {
+    if (abort.aborted) {
+      resolve({ state: "cancelled" });
+      return;
+    }
     const request = new XMLHttpRequest();
     let timer: ReturnType<typeof setTimeout> | undefined;
     const end = (outcome: SendOutcome) => {

@@ -34,28 +34,30 @@ export function createUploadQueue<S extends UploadSource>(deps: UploadDeps<S>): 
   let waiting: Job<S>[] = [];
   let current: Job<S> | undefined;
   let lastId = 0;
-  let forAll: OverwriteDecision | undefined;
+  /** Files that were chosen after the answer are another matter, and asked about anew. */
+  let forAll: { readonly decision: OverwriteDecision; readonly upTo: number } | undefined;
 
   const change = (id: number, news: Partial<UploadItem>) => {
     items.value = items.value.map((item) => (item.id === id ? { ...item, ...news } : item));
   };
 
-  const decide = async (name: string) => {
-    if (forAll) {
-      return forAll;
+  const decide = async (id: number, name: string) => {
+    if (forAll && id <= forAll.upTo) {
+      return forAll.decision;
     }
+    const upTo = lastId;
     const answer = await deps.askOverwrite(name, waiting.length);
-    forAll = answer?.forAll ? answer.decision : undefined;
+    forAll = answer?.forAll ? { decision: answer.decision, upTo } : undefined;
     return answer?.decision;
   };
 
   /** Under which name to store the file, or why it isn't stored. */
-  const nameFor = async (wanted: string): Promise<string | Partial<UploadItem>> => {
+  const nameFor = async (id: number, wanted: string): Promise<string | Partial<UploadItem>> => {
     const names = await deps.listNames();
     if (!names) {
       return failed("unreachable");
     }
-    const decision = names.has(wanted) ? await decide(wanted) : "replace";
+    const decision = names.has(wanted) ? await decide(id, wanted) : "replace";
     return decision === "replace"
       ? wanted
       : decision === "rename"
@@ -82,7 +84,7 @@ export function createUploadQueue<S extends UploadSource>(deps: UploadDeps<S>): 
       return failed(problem);
     }
     change(id, { state: "sending" });
-    const name = await nameFor(source.name);
+    const name = await nameFor(id, source.name);
     if (typeof name !== "string") {
       return name;
     }
@@ -113,8 +115,6 @@ export function createUploadQueue<S extends UploadSource>(deps: UploadDeps<S>): 
       change(current.id, await store(current));
       current = waiting.shift();
     }
-    // The next files are another matter, and asked about anew.
-    forAll = undefined;
   };
 
   const cancel = (id: number) => {

@@ -1,5 +1,5 @@
 import { signal } from "@preact/signals";
-import { besideQueue } from "../data/scheduler";
+import { backgroundQueue } from "../data/scheduler";
 import { choose } from "../kit/questions";
 import { Toggle } from "../kit/Toggle";
 import * as texts from "../texts/programs";
@@ -47,6 +47,6 @@ export const uploads = createUploadQueue<File>({
     return list && new Set(list.map(fileNameOf));
   },
   readBase64,
-  send: (...upload) => besideQueue(() => sendUpload(...upload)),
+  send: (...upload) => backgroundQueue.run(() => sendUpload(...upload), "front"),
   askOverwrite,
 });

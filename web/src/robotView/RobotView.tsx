@@ -49,6 +49,7 @@ export function RobotView({ bare = false }: RobotViewProps) {
   useResource(distances);
   useResource(bumper);
   const summary = useComputed(summaryNow);
+  const aged = scan.freshness.value === "fresh" ? distances : scan;
   return (
     <div class={`robot-view ${bare ? "bare" : ""}`}>
       <Canvas
@@ -79,7 +80,7 @@ export function RobotView({ bare = false }: RobotViewProps) {
       />
       {!bare && (
         <p class="summary">
-          {summary} <Age resource={scan} />
+          {summary} <Age resource={aged} />
         </p>
       )}
     </div>

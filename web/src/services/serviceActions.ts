@@ -1,10 +1,10 @@
 import { signal } from "@preact/signals";
-import { read, write } from "../data/requests";
+import { write } from "../data/requests";
 import { confirm } from "../kit/questions";
 import { toast } from "../kit/toasts";
 import * as texts from "../texts/services";
 import { changeService, type ServiceAction } from "./changeService";
-import { services, servicesPath, servicesTimeoutMs } from "./resources";
+import { services, servicesTimeoutMs } from "./resources";
 import { isOwnUnit } from "./serviceState";
 import { decodeServices, type Service } from "./tree";
 
@@ -20,8 +20,7 @@ const paths: Readonly<Record<ServiceAction, string>> = {
 
 const deps = {
   readServices: async () => {
-    const outcome = await read(servicesPath, { timeoutMs: servicesTimeoutMs });
-    void services.refresh();
+    const outcome = await services.refresh();
     return outcome.state === "answer" ? decodeServices(outcome.value) : undefined;
   },
   send: (action: ServiceAction, name: string) =>

@@ -22,5 +22,5 @@ export const lastSet = (when: string) => `Last set here ${when}; others may have
 export const forget = "Forget";
 export const forgetTitle = "Show them as unknown. Nothing is switched.";
 export const needsOperator = "Log in as operator to switch outputs and relays.";
-export const refused = "The robot refused it. Outputs and relays need the role operator.";
+export const refused = "The robot refused it. Is your login still valid?";
 export const unreachable = "The robot didn't answer. Nothing is known of these outputs any more.";

@@ -86,7 +86,7 @@ const uploadOnlyProblems: Readonly<Record<Exclude<UploadProblem, RenameProblem>,
   tooLarge: "The file is larger than 32 MiB.",
   unreadable: "The browser can't read this file.",
   unreachable: "The robot didn't answer.",
-  refused: "The robot refused it. Uploads need the role operator.",
+  refused: "The robot refused it. Is your login still valid?",
   failed: "The robot could not store it.",
   notListed: "The robot says it is stored, but doesn't list it.",
 };
@@ -113,7 +113,7 @@ export const resultTexts: Readonly<Record<Result, (order: ProgramOrder) => strin
   running: () => "is running. Stop it first.",
   taken: () => "can't have the name of another program.",
   gone: () => "isn't on the robot any more.",
-  refused: () => "is unchanged: the robot refused it. This needs the role operator.",
+  refused: () => "is unchanged: the robot refused it. Is your login still valid?",
   unreachable: () => "may have changed or not: the robot didn't answer.",
   notSeen: (order) => notSeen[order],
 };

@@ -140,13 +140,25 @@ test("a stop without an answer ends after two seconds, unconfirmed", async () =>
   assert.equal(robot.sent.length, 20);
 });
 
-test("a refused stop isn't repeated for long", async () => {
+test("a refused stop is repeated until it is accepted", async () => {
+  const { clock, robot, heard, sender } = setUp();
+  robot.answer = "refused";
+  sender.stop();
+  await clock.pass(650);
+  assert.deepEqual(heard, []);
+  robot.answer = "accepted";
+  await clock.pass(5000);
+  assert.deepEqual(heard, ["confirmed"]);
+  assert.equal(robot.sent.length, 8);
+});
+
+test("a stop that is always refused ends after two seconds, unconfirmed", async () => {
   const { clock, robot, heard, sender } = setUp();
   robot.answer = "refused";
   sender.stop();
   await clock.pass(5000);
   assert.deepEqual(heard, ["unconfirmed"]);
-  assert.equal(robot.sent.length, 2);
+  assert.equal(robot.sent.length, 20);
 });
 
 test("a refused move is told once and ends in a stop", async () => {

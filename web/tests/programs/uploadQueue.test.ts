@@ -143,6 +143,26 @@ test("an answer for all holds for the queue and no longer", async () => {
   assert.equal(questions, 2);
 });
 
+test("an answer for all does not count for files that are chosen after it", async () => {
+  let questions = 0;
+  let later: Promise<void> | undefined;
+  const deps = robot(["a.lv", "b.lv", "c.lv"], {
+    askOverwrite: async () => {
+      questions += 1;
+      return questions === 1 ? { decision: "replace", forAll: true } : undefined;
+    },
+    readBase64: async () => {
+      later ??= queue.add([file("c.lv")]);
+      return "aGk=";
+    },
+  });
+  const queue = createUploadQueue<UploadSource>(deps);
+  await queue.add([file("a.lv"), file("b.lv")]);
+  await later;
+  assert.equal(questions, 2);
+  assert.deepEqual(deps.sent, ["a.lv", "b.lv"]);
+});
+
 test("the same name twice in one queue is asked about", async () => {
   const deps = robot();
   await uploaded(deps, file("a.lv"), file("a.lv"));
