@@ -134,6 +134,22 @@ test("what has not arrived yet is said to be missing, and is no zero", async () 
   await page.context().close();
 });
 
+for (const [path, card] of [
+  ["analoginputarray", "Inputs"],
+  ["digitalinputarray", "Inputs"],
+  ["scan0", "Around the robot"],
+  ["distancesensorarray", "Around the robot"],
+]) {
+  test(`the overview tells how old ${path} is when it stays away`, async () => {
+    const page = await openPage(browser, robot);
+    const shown = page.getByRole("region", { name: card, exact: true });
+    await shown.getByText("no data yet").waitFor({ state: "detached" });
+    await page.route(new RegExp(`/data/${path}`), () => {});
+    await shown.getByText(/^\d+ s old$/).waitFor({ timeout: deadline(15_000) });
+    await page.context().close();
+  });
+}
+
 test("what has the focus is never behind what stays in sight, on a phone", async () => {
   const page = await openPage(browser, robot, { viewport: phone });
   await logIn(page, "admin");

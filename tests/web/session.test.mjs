@@ -200,7 +200,7 @@ test("a tab asks for nothing while another one drives, and says so", async () =>
   second.on("request", () => { count += 1; });
   // A machine that is busy with other things may be too slow for driving, which locks it: then once more.
   for (let attempt = 1, isDriving = false; !isDriving; attempt += 1) {
-    assert.ok(attempt <= 4, "driving goes on for two seconds");
+    assert.ok(attempt <= 4, "driving goes on for three seconds");
     await page.mouse.up();
     await unlockDrive(page);
     await pushStickAhead(page);
@@ -210,8 +210,10 @@ test("a tab asks for nothing while another one drives, and says so", async () =>
     await second.waitForTimeout(500);
     count = 0;
     await page.mouse.move(600, 400);
-    await second.waitForTimeout(1500);
+    await second.waitForTimeout(2500);
     const found = count;
+    // What it shows is old because it doesn't ask, which is no fault of the robot.
+    assert.equal(await second.getByText("The robot's readings have stopped").count(), 0);
     isDriving = await page.getByText("Driving", { exact: true }).isVisible();
     if (isDriving) assert.equal(found, 0, "requests beside the driving");
   }
