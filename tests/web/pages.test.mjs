@@ -4,7 +4,7 @@ import { readFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { after, before, test } from "node:test";
 import { complaintsOf, desk, keepPicture, openBrowser, openPage, phone } from "./support/browser.mjs";
-import { waitFor } from "./support/deadlines.mjs";
+import { deadline, waitFor } from "./support/deadlines.mjs";
 import { logIn } from "./support/people.mjs";
 import { RunningRobot } from "./support/programs.mjs";
 
@@ -80,7 +80,7 @@ for (const role of ["guest", "operator", "admin"]) {
     for (const [name, { needs }] of Object.entries(pages)) {
       await showPage(page, name);
       const isLocked = ranks[role] < ranks[needs];
-      const notice = page.locator("main").getByText(`needs ${needs === "admin" ? "an admin" : "an operator"}`);
+      const notice = page.locator("main").getByText(`needs ${needs} - log in`);
       if (isLocked) await notice.first().waitFor();
       else assert.equal(await notice.count(), 0, `${name} is locked for the ${role}`);
       await keepPicture(page, `${name}-${role}`);
