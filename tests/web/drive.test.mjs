@@ -170,12 +170,16 @@ test("a daemon that dies is told and locks the drive, and its return needs a log
   assert.equal(await page.getByText(/No connection to robot since/).count(), 0);
 });
 
-test("the keyboard drives while Shift is held", async () => {
+async function driveByKeyboard() {
   await unlockDrive(page);
   await page.evaluate(() => document.activeElement?.blur());
   await page.keyboard.down("Shift");
   await page.keyboard.down("w");
   await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.05));
+}
+
+test("the keyboard drives while Shift is held", async () => {
+  await driveByKeyboard();
   const moment = now();
   await page.keyboard.up("Shift");
   await assertStopped(moment);
@@ -187,11 +191,7 @@ const takers = {
 };
 for (const [taker, take] of Object.entries(takers)) {
   test(`the keyboard stops the robot when ${taker} takes the focus`, async () => {
-    await unlockDrive(page);
-    await page.evaluate(() => document.activeElement?.blur());
-    await page.keyboard.down("Shift");
-    await page.keyboard.down("w");
-    await waitFor("the robot to move", () => velocities().some(({ params }) => params.vx > 0.05));
+    await driveByKeyboard();
     const moment = now();
     await take();
     await assertStopped(moment);

@@ -7,7 +7,7 @@ let isLost = false;
 
 const isDisabled = (element: Element) => element.matches(":disabled");
 
-/** The control that has the focus or will have it again; what merely shows things doesn't count. */
+/** Where a key belongs: to the control whose order is under way and that gets the focus back, if any. */
 export function focusOr(target: EventTarget | null): EventTarget | null {
   return isLost && last?.isConnected ? last : target;
 }
