@@ -229,6 +229,23 @@ test("unsaved changes are asked about before they are lost", async () => {
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("a logout asks before it loses unsaved changes", async () => {
+  await openConfiguration();
+  await textField("volume").fill("71");
+  const logOut = async (answer) => {
+    await page.getByTitle("Log in or out").click();
+    await button("Log out").click();
+    await dialog().getByText("Leave without saving?").waitFor();
+    await dialog().getByRole("button", { name: answer }).click();
+    await dialog().waitFor({ state: "detached" });
+  };
+  await logOut("Cancel");
+  assert.equal(await textField("volume").inputValue(), "71");
+  await logOut("Discard and leave");
+  await page.getByText("Configuration needs admin - log in").waitFor();
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("edits outlive a restart of the daemon and a new login", async () => {
   await openConfiguration();
   await textField("volume").fill("55");

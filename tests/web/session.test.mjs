@@ -105,6 +105,19 @@ test("within a frame of another page there is a link to the page and nothing to 
   assert.deepEqual(complaintsOf(page), []);
 });
 
+test("a browser that denies storage shows the page all the same", async () => {
+  await openRobot();
+  await page.addInitScript(() => {
+    for (const name of ["localStorage", "sessionStorage"]) {
+      Object.defineProperty(window, name, { get() { throw new DOMException("denied", "SecurityError"); } });
+    }
+  });
+  await page.reload();
+  for (const name of ["overview", "io", "about"]) await goTo(page, name);
+  await logIn(page, "operator");
+  assert.deepEqual(complaintsOf(page), []);
+});
+
 test("a login outlives a reload, and a logout ends it at the daemon too", async () => {
   await openRobot();
   await logIn(page, "admin");
